@@ -1,0 +1,14 @@
+# What every target of the project shares: warnings, sanitizers.
+
+add_library(pelor_options INTERFACE)
+target_compile_options(pelor_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wformat=2)
+if(PELOR_WERROR)
+  target_compile_options(pelor_options INTERFACE -Werror)
+endif()
+
+if(PELOR_SANITIZE)
+  add_compile_options(-fsanitize=${PELOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${PELOR_SANITIZE})
+endif()
