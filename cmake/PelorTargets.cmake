@@ -1,4 +1,9 @@
-# What every target of the project shares: warnings, sanitizers.
+# What every target of the project shares: warnings, sanitizers, and how a feature that lacks its package is named.
+
+# pelor_feature_off(FEATURE DEPENDENCY PACKAGE): says that FEATURE is left out, and what would bring it in.
+function(pelor_feature_off feature dependency package)
+  message(NOTICE "-- Pelor: ${feature} switched off: ${dependency} was not found (Debian package ${package})")
+endfunction()
 
 add_library(pelor_options INTERFACE)
 target_compile_options(pelor_options INTERFACE
@@ -11,4 +16,7 @@ endif()
 if(PELOR_SANITIZE)
   add_compile_options(-fsanitize=${PELOR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${PELOR_SANITIZE})
+endif()
+if(PELOR_BUILD_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
