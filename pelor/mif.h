@@ -1,0 +1,3 @@
+#pragma once
+
+// Everything for interchange pairs.
