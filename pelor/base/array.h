@@ -216,8 +216,11 @@ class DArrayR {
   }
 
   void Add(const T& value) { array_->Add(value); }
+  void Insert(unsigned pos, const T& value) { array_->Insert(pos, value); }
+  void Resize(unsigned length) { array_->Resize(length); }
   void Empty() { array_->Empty(); }
   [[nodiscard]] unsigned Length() const noexcept { return array_->Length(); }
+  [[nodiscard]] std::span<T> Span() noexcept { return array_->Span(); }
 
  private:
   ICCRef<DArray<T>>& array_;
