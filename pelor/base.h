@@ -5,6 +5,7 @@
 #include <pelor/base/angle.h>
 #include <pelor/base/arc.h>
 #include <pelor/base/array.h>
+#include <pelor/base/block_buffer.h>
 #include <pelor/base/bounds.h>
 #include <pelor/base/char_set.h>
 #include <pelor/base/error.h>
