@@ -8,6 +8,7 @@
 #include <pelor/base/block_buffer.h>
 #include <pelor/base/bounds.h>
 #include <pelor/base/char_set.h>
+#include <pelor/base/charset.h>
 #include <pelor/base/error.h>
 #include <pelor/base/export.h>
 #include <pelor/base/file_name.h>
@@ -18,3 +19,4 @@
 #include <pelor/base/point.h>
 #include <pelor/base/string.h>
 #include <pelor/base/tolerance.h>
+#include <pelor/base/utf8.h>
