@@ -77,9 +77,11 @@ bool BlockBuffer::open(const String& name, std::ios_base::openmode mode) {
     memory_.reset();
     return false;
   }
-  for (unsigned i = 0; i < kBlockCount; ++i) {
-    blocks_[i] = Block();
-    blocks_[i].data = memory_.get() + std::size_t{i} * kBlockSize;
+  char* data = memory_.get();
+  for (Block& block : blocks_) {
+    block = Block();
+    block.data = data;
+    data += kBlockSize;
   }
   readable_ = in;
   writable_ = out;

@@ -1,86 +1,25 @@
-#include <pelor/base/block_buffer.h>
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <ios>
 #include <iostream>
-#include <iterator>
 #include <limits>
-#include <random>
 #include <span>
 #include <string>
 #include <string_view>
-#include <sys/resource.h>
 #include <sys/stat.h>
+#include <tests/base/block_buffer_fixture.h>
+#include <utility>
 #include <vector>
 
+namespace block_buffer_test {
 namespace {
-
-using std::ios_base;
-using Tobri::BlockBuffer;
-
-constexpr auto kRead = ios_base::in;
-constexpr auto kWrite = ios_base::out;
-constexpr auto kUpdate = ios_base::in | ios_base::out;
-constexpr auto kCreate = ios_base::in | ios_base::out | ios_base::trunc;
-
-constexpr std::int64_t kBlock = 1 << 16;
-constexpr int kBlocks = 8;
-
-// A byte that tells its position.
-char Byte(std::int64_t position) {
-  return static_cast<char>(position * 131 + position / 251 + 7);
-}
-
-std::string Bytes(std::int64_t begin, std::int64_t n) {
-  std::string bytes(static_cast<std::size_t>(n), '\0');
-  for (std::int64_t i = 0; i < n; ++i) bytes[static_cast<std::size_t>(i)] = Byte(begin + i);
-  return bytes;
-}
-
-class BlockBufferTest : public testing::Test {
- protected:
-  void SetUp() override {
-    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              ("block_buffer_" + std::string(test->name()) + "_" + std::to_string(std::random_device()()));
-    std::filesystem::create_directories(folder_);
-    name_ = (folder_ / "file.dat").string();
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
-  void Save(std::string_view bytes) const {
-    std::ofstream(name_, ios_base::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  }
-  [[nodiscard]] std::string Saved() const {
-    std::ifstream file(name_, ios_base::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  std::filesystem::path folder_;
-  std::string name_;
-};
-
-std::string ReadAll(std::istream& stream) {
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::string Get(BlockBuffer& buffer, std::int64_t n) {
-  std::string bytes(static_cast<std::size_t>(n), '?');
-  bytes.resize(static_cast<std::size_t>(buffer.sgetn(bytes.data(), n)));
-  return bytes;
-}
-
-std::int64_t Put(BlockBuffer& buffer, std::string_view bytes) {
-  return buffer.sputn(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
 
 // --- opening and closing
 
@@ -527,221 +466,5 @@ TEST_F(BlockBufferTest, PositionsBeyondFourGiBWork) {
   EXPECT_EQ(std::filesystem::file_size(name_), static_cast<std::uintmax_t>(5 * kGiB + 136));
 }
 
-// --- against a standard stream
-
-// Random steps on a standard file stream and on the block buffer; both must tell the same all the way, and
-// leave the same file.
-void CompareWithAStandardStream(const std::string& folder, unsigned seed, std::int64_t reach, int steps) {
-  SCOPED_TRACE(testing::Message() << "seed " << seed << ", reach " << reach);
-  std::mt19937 random(seed);
-  const auto below = [&](std::int64_t n) {
-    return std::uniform_int_distribution<std::int64_t>(0, n - 1)(random);
-  };
-  const std::string names[] = {folder + "/standard", folder + "/block"};
-  std::fstream standard(names[0], kCreate | ios_base::binary);
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open(names[1], kCreate));
-  std::iostream stream(&buffer);
-  std::int64_t position = 0;
-  for (int step = 0; step < steps; ++step) {
-    SCOPED_TRACE(testing::Message() << "step " << step);
-    // Mostly short runs, now and then some that cross blocks; places near each other, or near a border.
-    const std::int64_t n = below(8) == 0 ? below(2 * kBlock) : below(200);
-    const auto expected_size = static_cast<std::int64_t>(standard.seekg(0, ios_base::end).tellg());
-    switch (below(7)) {
-      case 0:
-        position = below(reach);
-        stream.seekg(position);
-        break;
-      case 1:
-        position = std::max<std::int64_t>(0, (below(reach / kBlock + 1) * kBlock) + below(5) - 2);
-        stream.seekp(position);
-        break;
-      case 2: {
-        const std::int64_t offset = below(400) - 200;
-        if (position + offset < 0) break;
-        position += offset;
-        stream.seekg(offset, ios_base::cur);
-        break;
-      }
-      case 3: {
-        const std::int64_t offset = -below(std::min<std::int64_t>(expected_size, 1000) + 1);
-        position = expected_size + offset;
-        stream.seekp(offset, ios_base::end);
-        break;
-      }
-      case 4:
-      case 5: {
-        std::string a(static_cast<std::size_t>(n), '?');
-        std::string b = a;
-        standard.seekg(position);
-        standard.read(a.data(), n);
-        stream.read(b.data(), n);
-        ASSERT_EQ(stream.rdstate(), standard.rdstate());
-        ASSERT_EQ(stream.gcount(), standard.gcount());
-        ASSERT_TRUE(a == b);
-        position += standard.gcount();
-        standard.clear();
-        stream.clear();
-        break;
-      }
-      default: {
-        std::string bytes(static_cast<std::size_t>(n), '\0');
-        std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<char>(random()); });
-        standard.seekp(position);
-        if (below(4) == 0) {
-          for (const char c : bytes) stream.put(c);
-        } else {
-          stream.write(bytes.data(), n);
-        }
-        standard.write(bytes.data(), n);
-        position += n;
-        if (below(10) == 0) stream.flush();
-        break;
-      }
-    }
-    standard.seekg(0, ios_base::end);
-    ASSERT_TRUE(stream.good());
-    ASSERT_EQ(stream.tellg(), position);
-    ASSERT_EQ(buffer.Size(), standard.tellg());
-  }
-  standard.close();
-  ASSERT_TRUE(buffer.close());
-  const auto saved = [](const std::string& name) {
-    std::ifstream file(name, ios_base::binary);
-    return ReadAll(file);
-  };
-  EXPECT_TRUE(saved(names[0]) == saved(names[1]));
-}
-
-TEST_F(BlockBufferTest, RandomStepsGiveWhatAStandardStreamGives) {
-  const unsigned seed = std::random_device()();
-  RecordProperty("seed", std::to_string(seed));
-  CompareWithAStandardStream(folder_.string(), seed, 2 * kBlock, 2000);
-  CompareWithAStandardStream(folder_.string(), seed + 1, 3 * kBlocks * kBlock, 2000);
-}
-
-// --- failures
-
-TEST_F(BlockBufferTest, AFileOpenedForReadingRefusesEveryWriteAtOnce) {
-  Save("0123");
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open(name_, kRead));
-  std::iostream stream(&buffer);
-  EXPECT_EQ(buffer.sputc('x'), EOF);
-  EXPECT_EQ(Put(buffer, "xyz"), 0);
-  EXPECT_EQ(buffer.sgetc(), '0');
-  EXPECT_EQ(buffer.sputc('x'), EOF) << "over a get area";
-  stream.put('x');
-  EXPECT_TRUE(stream.bad());
-  EXPECT_EQ(buffer.pubsync(), 0);
-  EXPECT_TRUE(buffer.close());
-  EXPECT_EQ(Saved(), "0123");
-}
-
-TEST_F(BlockBufferTest, AFullDeviceFailsAtFlushAndAtEveryLaterOne) {
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open("/dev/full", kWrite));
-  std::iostream stream(&buffer);
-  stream << "text";
-  EXPECT_TRUE(stream.good()) << "nothing is written yet";
-  stream.flush();
-  EXPECT_TRUE(stream.bad());
-  EXPECT_EQ(buffer.pubsync(), -1);
-  EXPECT_FALSE(buffer.close());
-  EXPECT_FALSE(buffer.is_open());
-  ASSERT_TRUE(buffer.open(name_, kWrite)) << "the descriptor was given back";
-  EXPECT_EQ(buffer.pubsync(), 0);
-}
-
-TEST_F(BlockBufferTest, CloseReportsAFullDevice) {
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open("/dev/full", kUpdate));
-  EXPECT_EQ(buffer.sputc('x'), 'x');
-  EXPECT_FALSE(buffer.close());
-  EXPECT_FALSE(buffer.is_open());
-}
-
-TEST_F(BlockBufferTest, AWriteThatEvictsReportsAFullDevice) {
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open("/dev/full", kUpdate));
-  EXPECT_EQ(Put(buffer, Bytes(0, (kBlocks + 2) * kBlock)), kBlocks * kBlock);
-  EXPECT_EQ(buffer.sputc('x'), EOF);
-  EXPECT_EQ(buffer.Position(), kBlocks * kBlock);
-  ASSERT_TRUE(buffer.Seek(kBlock - 5));
-  EXPECT_EQ(Get(buffer, 10), Bytes(kBlock - 5, 10)) << "nothing is lost";
-  EXPECT_EQ(buffer.pubsync(), -1);
-  EXPECT_FALSE(buffer.close());
-}
-
-// Files of this process end at `limit` bytes while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(std::int64_t limit) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit now{static_cast<rlim_t>(limit), before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &now);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, signal_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  void (*signal_)(int);
-  rlimit before_{};
-};
-
-TEST_F(BlockBufferTest, WhatCouldNotBeWrittenIsWrittenByALaterFlush) {
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open(name_, kCreate));
-  const std::string bytes = Bytes(0, 3 * kBlock);
-  {
-    const FileSizeLimit limit(kBlock + 100);
-    EXPECT_EQ(Put(buffer, bytes), 3 * kBlock);
-    EXPECT_EQ(buffer.pubsync(), -1);
-    EXPECT_EQ(std::filesystem::file_size(name_), static_cast<std::uintmax_t>(kBlock + 100)) << "what fits";
-    EXPECT_EQ(buffer.pubsync(), -1);
-    ASSERT_TRUE(buffer.Seek(0));
-    EXPECT_TRUE(Get(buffer, 3 * kBlock) == bytes);
-  }
-  EXPECT_EQ(buffer.pubsync(), 0);
-  EXPECT_TRUE(Saved() == bytes);
-  EXPECT_TRUE(buffer.close());
-}
-
-TEST_F(BlockBufferTest, AReadThatEvictsReportsAFailedWriteAndLosesNothing) {
-  const std::string before = Bytes(0, 2 * kBlocks * kBlock);
-  Save(before);
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open(name_, kUpdate));
-  {
-    const FileSizeLimit limit(1);
-    for (int block = 0; block < kBlocks; ++block) {
-      ASSERT_TRUE(buffer.Seek(block * kBlock + 1));
-      EXPECT_EQ(buffer.sputc('x'), 'x');
-    }
-    ASSERT_TRUE(buffer.Seek(kBlocks * kBlock));
-    EXPECT_EQ(buffer.sgetc(), EOF);
-    EXPECT_EQ(buffer.pubsync(), -1);
-  }
-  EXPECT_EQ(buffer.sgetc(), static_cast<unsigned char>(Byte(kBlocks * kBlock)));
-  EXPECT_EQ(buffer.pubsync(), 0);
-  std::string expected = before;
-  for (int block = 0; block < kBlocks; ++block) expected[static_cast<std::size_t>(block * kBlock + 1)] = 'x';
-  EXPECT_TRUE(Saved() == expected);
-}
-
-TEST_F(BlockBufferTest, CloseReportsWhatCouldNotBeWritten) {
-  BlockBuffer buffer;
-  ASSERT_TRUE(buffer.open(name_, kCreate));
-  const FileSizeLimit limit(2);
-  EXPECT_EQ(Put(buffer, "0123"), 4);
-  EXPECT_FALSE(buffer.close());
-  EXPECT_FALSE(buffer.is_open());
-  EXPECT_EQ(Saved(), "01");
-}
-
 }  // namespace
+}  // namespace block_buffer_test
