@@ -1,0 +1,9 @@
+# Runs PROGRAM with ARGUMENTS and compares what it prints with the file EXPECTED.
+execute_process(COMMAND ${PROGRAM} ${ARGUMENTS} OUTPUT_VARIABLE printed RESULT_VARIABLE status)
+file(READ ${EXPECTED} expected)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "${PROGRAM} ended with ${status}")
+endif()
+if(NOT printed STREQUAL expected)
+  message(FATAL_ERROR "${PROGRAM} printed\n${printed}\nwhere ${EXPECTED} has\n${expected}")
+endif()
