@@ -117,6 +117,7 @@ std::span<const std::byte> BlockBuffer::Peek(std::span<std::byte> scratch) {
     if (traits_type::eq_int_type(next, traits_type::eof())) return {};
     if (egptr() - gptr() < n) {
       const std::int64_t start = Position();
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are read as chars
       const std::streamsize got = xsgetn(reinterpret_cast<char*>(scratch.data()), n);
       Seek(start);
       return scratch.first(static_cast<std::size_t>(got));

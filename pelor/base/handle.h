@@ -74,6 +74,7 @@ class BasicRef : public IRefCommon {
   BasicRef(BasicRef&& other) noexcept : IRefCommon(), body_(std::exchange(other.body_, nullptr)) {}
   ~BasicRef() { Hold(nullptr); }
 
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): Hold takes the new body before it lets the old one go
   BasicRef& operator=(const BasicRef& other) noexcept {
     Hold(other.body_);
     return *this;

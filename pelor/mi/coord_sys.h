@@ -116,7 +116,7 @@ class PELOR_EXPORT CoordSys : public Tobri::Rep {
   std::array<double, kPrjParCount> values{};  ///< indexed by PrjPar
   std::uint16_t parameterMask = 0;
   /// The parameters as they were added; unused slots hold NoParameter.
-  std::array<PrjPar, kPrjParCount> parameterOrder;
+  std::array<PrjPar, kPrjParCount> parameterOrder{};
 
  private:
   CoordSys(Projection p, const Datum& d, Units u, std::initializer_list<double> parameters,
