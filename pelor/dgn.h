@@ -1,3 +1,11 @@
 #pragma once
 
 // Everything for design files.
+
+#include <pelor/dgn/coords_range.h>
+#include <pelor/dgn/dump.h>
+#include <pelor/dgn/encoding.h>
+#include <pelor/dgn/errors.h>
+#include <pelor/dgn/file.h>
+#include <pelor/dgn/header.h>
+#include <pelor/dgn/types.h>
