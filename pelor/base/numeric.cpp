@@ -23,10 +23,12 @@ double fractpart(double value) noexcept {
 
 double modulus(double x, double m) noexcept {
   const double rest = std::fmod(x, m);
-  if (rest >= 0.0) return rest == 0.0 ? 0.0 : rest;
-  const double shifted = rest + m;
-  // A rest a hair below zero can round up to m itself, which is outside the range.
-  return shifted < m ? shifted : std::nextafter(m, 0.0);
+  if (std::isnan(rest)) return rest;
+  if (rest >= 0.0) return rest == 0.0 ? 0.0 : rest;  // no negative zero
+  const double size = std::fabs(m);
+  const double shifted = rest + size;
+  // A rest a hair below zero can round up to the size itself, which is outside the range.
+  return shifted < size ? shifted : std::nextafter(size, 0.0);
 }
 
 }  // namespace Tobri
