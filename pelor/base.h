@@ -15,6 +15,9 @@
 #include <pelor/base/handle.h>
 #include <pelor/base/hash.h>
 #include <pelor/base/loc_char.h>
+#include <pelor/base/number.h>
+#include <pelor/base/number_format.h>
+#include <pelor/base/number_parse.h>
 #include <pelor/base/numeric.h>
 #include <pelor/base/point.h>
 #include <pelor/base/string.h>
