@@ -147,6 +147,10 @@ const Tables* FindTables(Chr8C::Id id) noexcept {
   }
 }
 
+bool IsAscii(char c) noexcept {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
 // The first byte from 0x80 on, or `end`; eight bytes a step.
 const char* SkipAscii(const char* text, const char* end) noexcept {
   constexpr std::uint64_t kHighBits = 0x8080808080808080U;
@@ -156,8 +160,14 @@ const char* SkipAscii(const char* text, const char* end) noexcept {
     if ((bytes & kHighBits) != 0) break;
     text += 8;
   }
-  while (text != end && static_cast<unsigned char>(*text) < 0x80) ++text;
+  while (text != end && IsAscii(*text)) ++text;
   return text;
+}
+
+// Copies the ASCII characters at `in`, moves `in` behind them and returns the new end of the output.
+char* CopyAscii(const char*& in, const char* end, char* out) noexcept {
+  const char* const run = std::exchange(in, SkipAscii(in, end));
+  return std::copy(run, in, out);
 }
 
 }  // namespace
@@ -176,16 +186,14 @@ String Chr8C::FromLoc(const String& text) const {
   const char* in = SkipAscii(text.str().data(), end);
   char* out = result.data() + (in - text.str().data());
   while (in != end) {
-    const Utf8Char character = DecodeUtf8(in, end);
-    if (character.length == 0) {
-      *out++ = *in++;
-    } else {
+    if (IsAscii(*in)) {
+      out = CopyAscii(in, end, out);
+    } else if (const Utf8Char character = DecodeUtf8(in, end); character.length != 0) {
       *out++ = tables->Code(character.code);
       in += character.length;
+    } else {
+      *out++ = *in++;
     }
-    const char* const next = SkipAscii(in, end);
-    out = std::copy(in, next, out);
-    in = next;
   }
   result.resize(static_cast<std::size_t>(out - result.data()));
   return result;
@@ -200,16 +208,16 @@ String Chr8C::ToLoc(const String& text) const {
 
   std::size_t size = static_cast<std::size_t>(in - source.data());
   for (const char* p = in; p != end; ++p) {
-    size += static_cast<unsigned char>(*p) < 0x80 ? 1 : tables->Utf8(*p).size();
+    size += IsAscii(*p) ? 1 : tables->Utf8(*p).size();
   }
-  std::string result;
-  result.reserve(size);
-  result.append(source.data(), in);
+  std::string result(size, '\0');
+  char* out = std::copy(source.data(), in, result.data());
   while (in != end) {
-    result += tables->Utf8(*in++);
-    const char* const next = SkipAscii(in, end);
-    result.append(in, next);
-    in = next;
+    if (IsAscii(*in)) {
+      out = CopyAscii(in, end, out);
+    } else {
+      for (const char byte : tables->Utf8(*in++)) *out++ = byte;
+    }
   }
   return result;
 }
