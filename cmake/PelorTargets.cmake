@@ -2,7 +2,7 @@
 
 # pelor_feature_off(FEATURE DEPENDENCY PACKAGE): says that FEATURE is left out, and what would bring it in.
 function(pelor_feature_off feature dependency package)
-  message(NOTICE "-- Pelor: ${feature} switched off: ${dependency} was not found (Debian package ${package})")
+  message(STATUS "Pelor: ${feature} switched off: ${dependency} was not found (Debian package ${package})")
 endfunction()
 
 add_library(pelor_options INTERFACE)
