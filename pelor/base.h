@@ -21,5 +21,8 @@
 #include <pelor/base/numeric.h>
 #include <pelor/base/point.h>
 #include <pelor/base/string.h>
+#include <pelor/base/text_input.h>
+#include <pelor/base/text_scanner.h>
+#include <pelor/base/text_settings.h>
 #include <pelor/base/tolerance.h>
 #include <pelor/base/utf8.h>
