@@ -32,3 +32,4 @@
 #include <pelor/mi/text_body.h>
 #include <pelor/mi/transform.h>
 #include <pelor/mi/units.h>
+#include <pelor/mi/var_obj.h>
