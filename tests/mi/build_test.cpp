@@ -1,11 +1,11 @@
 #include <pelor/mi/build.h>
 #include <pelor/mi/objects.h>
-#include <tests/mi/objects.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
+#include <tests/mi/objects.h>
 #include <typeindex>
 #include <typeinfo>
 
@@ -19,11 +19,11 @@ struct KindCase {
 
 TEST(BuildTest, EveryKindGivesItsBodyInTheCoordinateSystem) {
   const Tobri::IRefC<CoordSys> wsys = MakeCoordSys();
-  for (const KindCase& kind : {KindCase{0, typeid(WNoBody)}, KindCase{1, typeid(WPointBody)},
-                               KindCase{2, typeid(WLineBody)}, KindCase{3, typeid(WPLineBody)},
-                               KindCase{4, typeid(WRegionBody)}, KindCase{5, typeid(WArcBody)},
-                               KindCase{6, typeid(WTextBody)}, KindCase{7, typeid(WRectBody)},
-                               KindCase{8, typeid(WRRectBody)}, KindCase{9, typeid(WEllipseBody)}}) {
+  for (const KindCase& kind :
+       {KindCase{0, typeid(WNoBody)}, KindCase{1, typeid(WPointBody)}, KindCase{2, typeid(WLineBody)},
+        KindCase{3, typeid(WPLineBody)}, KindCase{4, typeid(WRegionBody)}, KindCase{5, typeid(WArcBody)},
+        KindCase{6, typeid(WTextBody)}, KindCase{7, typeid(WRectBody)}, KindCase{8, typeid(WRRectBody)},
+        KindCase{9, typeid(WEllipseBody)}}) {
     const WObjRf<WObjBody> object = Build(static_cast<WObjType>(kind.code), wsys);
     ASSERT_NE(object, nullptr) << kind.code;
     const WObjBody& body = *object;
@@ -35,8 +35,8 @@ TEST(BuildTest, EveryKindGivesItsBodyInTheCoordinateSystem) {
 }
 
 TEST(BuildTest, AnUnknownKindGivesNull) {
-  for (const std::int32_t code : {-1, 10, 45, std::numeric_limits<std::int32_t>::min(),
-                                  std::numeric_limits<std::int32_t>::max()}) {
+  for (const std::int32_t code :
+       {-1, 10, 45, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}) {
     EXPECT_EQ(Build(static_cast<WObjType>(code), nullptr), nullptr) << code;
   }
 }

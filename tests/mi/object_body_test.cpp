@@ -1,5 +1,4 @@
 #include <pelor/mi/objects.h>
-#include <tests/mi/objects.h>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +7,7 @@
 #include <limits>
 #include <memory>
 #include <numbers>
+#include <tests/mi/objects.h>
 #include <vector>
 
 namespace Pelor::MI {
@@ -43,15 +43,18 @@ TEST(WObjBodyTest, EveryClassHasItsTypeCode) {
 
 TEST(WObjBodyTest, EveryClassCarriesItsStyle) {
   const auto objects = OneOfEachKind(nullptr);
-  for (const int point_like : {1}) EXPECT_NE(dynamic_cast<W0DBody*>(objects[point_like].Get()), nullptr);
-  for (const int linear : {2, 3, 5}) EXPECT_NE(dynamic_cast<W1DBody*>(objects[linear].Get()), nullptr);
-  for (const int area : {4, 7, 8, 9}) EXPECT_NE(dynamic_cast<W2DBody*>(objects[area].Get()), nullptr);
-  for (const int text : {6}) EXPECT_NE(dynamic_cast<WTxBody*>(objects[text].Get()), nullptr);
+  EXPECT_NE(dynamic_cast<W0DBody*>(objects[1].Get()), nullptr);
+  for (const std::size_t linear : {2U, 3U, 5U}) {
+    EXPECT_NE(dynamic_cast<W1DBody*>(objects[linear].Get()), nullptr) << linear;
+  }
+  for (const std::size_t area : {4U, 7U, 8U, 9U}) {
+    EXPECT_NE(dynamic_cast<W2DBody*>(objects[area].Get()), nullptr) << area;
+  }
+  EXPECT_NE(dynamic_cast<WTxBody*>(objects[6].Get()), nullptr);
   for (const auto& object : objects) {
-    const bool has_style = dynamic_cast<W0DBody*>(object.Get()) != nullptr ||
-                           dynamic_cast<W1DBody*>(object.Get()) != nullptr ||
-                           dynamic_cast<W2DBody*>(object.Get()) != nullptr ||
-                           dynamic_cast<WTxBody*>(object.Get()) != nullptr;
+    const bool has_style =
+        dynamic_cast<W0DBody*>(object.Get()) != nullptr || dynamic_cast<W1DBody*>(object.Get()) != nullptr ||
+        dynamic_cast<W2DBody*>(object.Get()) != nullptr || dynamic_cast<WTxBody*>(object.Get()) != nullptr;
     EXPECT_EQ(has_style, object->GetType() != WObjType_None);
   }
 }
@@ -271,15 +274,15 @@ TEST(WTextBodyTest, KeepsItsLayout) {
   EXPECT_EQ(clone->GetLabelKind(), -5);
 }
 
-// Bounds of arcs of the circle of radius 10 around (0, 0), worked out from the end points (10 cos a, 10 sin a)
-// and the extremes that the arc passes.
+// Bounds of arcs of the circle of radius 10 around (0, 0), worked out from the end points (10 cos a, 10 sin
+// a) and the extremes that the arc passes.
 struct ArcCase {
   double start;
   double end;
   double x1, y1, x2, y2;
 };
 
-const double kC10 = 10 * std::cos(kPi / 18);   // 10 degrees
+const double kC10 = 10 * std::cos(kPi / 18);  // 10 degrees
 const double kS10 = 10 * std::sin(kPi / 18);
 const double kC60 = 5.0;
 const double kS60 = 10 * std::sin(kPi / 3);
@@ -296,19 +299,18 @@ TEST_P(WArcBoundsTest, HoldTheEndPointsAndTheExtremesPassed) {
   EXPECT_NEAR(bounds.Max().y, c.y2, 1e-12);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Arcs, WArcBoundsTest,
-    testing::Values(ArcCase{350, 10, kC10, -kS10, 10, kS10},      // across 0
-                    ArcCase{-10, 10, kC10, -kS10, 10, kS10},      // the same arc
-                    ArcCase{10, 60, kC60, kS10, kC10, kS60},      // no extreme
-                    ArcCase{60, 120, -kC60, kS60, kC60, 10},      // 90
-                    ArcCase{170, 190, -10, -kS10, -kC10, kS10},   // 180
-                    ArcCase{240, 300, -kC60, -10, kC60, -kS60},   // 270
-                    ArcCase{10, 350, -10, -10, kC10, 10},         // all but 0
-                    ArcCase{60, 10, -10, -10, 10, 10},            // all, across 0
-                    ArcCase{0, 90, 0, 0, 10, 10},                 // inclusive at both ends
-                    ArcCase{300, 120, -kC60, -kS60, 10, 10},      // 0 and 90 beyond the turn
-                    ArcCase{0, 360, 10, 0, 10, 0}));              // the whole turn reads as 0 to 0
+INSTANTIATE_TEST_SUITE_P(Arcs, WArcBoundsTest,
+                         testing::Values(ArcCase{350, 10, kC10, -kS10, 10, kS10},     // across 0
+                                         ArcCase{-10, 10, kC10, -kS10, 10, kS10},     // the same arc
+                                         ArcCase{10, 60, kC60, kS10, kC10, kS60},     // no extreme
+                                         ArcCase{60, 120, -kC60, kS60, kC60, 10},     // 90
+                                         ArcCase{170, 190, -10, -kS10, -kC10, kS10},  // 180
+                                         ArcCase{240, 300, -kC60, -10, kC60, -kS60},  // 270
+                                         ArcCase{10, 350, -10, -10, kC10, 10},        // all but 0
+                                         ArcCase{60, 10, -10, -10, 10, 10},           // all, across 0
+                                         ArcCase{0, 90, 0, 0, 10, 10},             // inclusive at both ends
+                                         ArcCase{300, 120, -kC60, -kS60, 10, 10},  // 0 and 90 beyond the turn
+                                         ArcCase{0, 360, 10, 0, 10, 0}));  // the whole turn reads as 0 to 0
 
 TEST(WArcBodyTest, BoundsOfAnEllipseWithReversedCorners) {
   const WArcBody arc({30, 10, 10, 0}, Degrees(350), Degrees(10), nullptr, Pen());

@@ -1,8 +1,8 @@
 #include <pelor/mi/objects.h>
-#include <tests/mi/objects.h>
 
 #include <gtest/gtest.h>
 
+#include <tests/mi/objects.h>
 #include <type_traits>
 
 namespace Pelor::MI {

@@ -1,11 +1,11 @@
 #include <pelor/mi/pline_body.h>
-#include <tests/mi/objects.h>
-
-#include <gtest/gtest.h>
 
 #include <climits>
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <limits>
+#include <tests/mi/objects.h>
 
 namespace Pelor::MI {
 namespace {
@@ -187,9 +187,10 @@ TEST(WPLineBodyTest, PartsOfTwoVerticesHaveNoAlignment) {
 
 TEST(WPLineBodyTest, AlignmentIsTheMiddleSegmentOfTheFirstLongPart) {
   // 3 vertices: the segment from 0 to 1.
-  EXPECT_EQ(Radians(MakePLine({{{0, 0}, {1, 1}}, {{0, 0}, {0, 2}, {9, 9}}, {{0, 0}, {1, 0}, {2, 0}}})
-                        ->GetAlignment()),
-            std::atan2(2.0, 0.0));
+  EXPECT_EQ(
+      Radians(
+          MakePLine({{{0, 0}, {1, 1}}, {{0, 0}, {0, 2}, {9, 9}}, {{0, 0}, {1, 0}, {2, 0}}})->GetAlignment()),
+      std::atan2(2.0, 0.0));
   // 4 vertices: from 1 to 2; 5 vertices: from 1 to 2, too.
   EXPECT_EQ(Radians(MakePLine({{{0, 0}, {1, 0}, {0, -1}, {5, 5}}})->GetAlignment()), std::atan2(-1.0, -1.0));
   EXPECT_EQ(Radians(MakePLine({{{0, 0}, {1, 0}, {0, -1}, {5, 5}, {6, 6}}})->GetAlignment()),

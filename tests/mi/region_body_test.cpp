@@ -1,11 +1,11 @@
 #include <pelor/mi/region_body.h>
-#include <tests/mi/objects.h>
-
-#include <gtest/gtest.h>
 
 #include <climits>
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <limits>
+#include <tests/mi/objects.h>
 
 namespace Pelor::MI {
 namespace {

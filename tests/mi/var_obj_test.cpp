@@ -1,12 +1,12 @@
 #include <pelor/mi/build.h>
 #include <pelor/mi/var_obj.h>
-#include <tests/mi/objects.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <tests/mi/objects.h>
 
 namespace Pelor::MI {
 namespace {
@@ -278,8 +278,7 @@ TEST(WVarObjConversionTest, ARegionKeepsItsClosedRings) {
   const WVarObj builder(region, 100, true);
   EXPECT_EQ(builder.GetWType(), WObjType_Region);
   EXPECT_EQ(builder.GetOutline()->GetNParts(), 2);
-  EXPECT_EQ(VerticesOf(builder),
-            (Points{{0, 0}, {4, 0}, {4, 3}, {0, 0}, {1, 1}, {2, 1}, {2, 2}, {1, 1}}));
+  EXPECT_EQ(VerticesOf(builder), (Points{{0, 0}, {4, 0}, {4, 3}, {0, 0}, {1, 1}, {2, 1}, {2, 2}, {1, 1}}));
   EXPECT_NE(builder.GetOutline().Get(), region->GetOutline().Get());
   EXPECT_EQ(builder.GetClosed()->GetPen(), pen);
   EXPECT_EQ(builder.GetClosed()->GetBrush(), brush);
@@ -332,9 +331,8 @@ TEST(WVarObjConversionTest, AnEllipseGivesOneTurnOfPoints) {
   EXPECT_EQ(builder.GetWType(), WObjType_Region);
   // 1 - cos 45 degrees of the radius: steps of 90 degrees; half a radius: steps of 120 degrees.
   const WVarObj thirds(WEllipseObj({14, 7, 6, 1}, nullptr, Pen(), Brush()), 2, true);
-  ExpectNear(VerticesOf(thirds), {{14, 4},
-                                  {10 - 2, 4 + 3 * std::sin(2 * kPi / 3)},
-                                  {10 - 2, 4 - 3 * std::sin(2 * kPi / 3)}});
+  ExpectNear(VerticesOf(thirds),
+             {{14, 4}, {10 - 2, 4 + 3 * std::sin(2 * kPi / 3)}, {10 - 2, 4 - 3 * std::sin(2 * kPi / 3)}});
 }
 
 TEST(WVarObjConversionTest, TheFinestEllipseHas3600Points) {
