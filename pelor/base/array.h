@@ -65,6 +65,13 @@ class ArrayStore : public ArrayCommon {
       elements_.reset(initial == UnInit ? new T[capacity_] : new T[capacity_]());
     }
   }
+  ArrayStore(ArrayStore&& other) noexcept
+      : elements_(std::move(other.elements_)), capacity_(std::exchange(other.capacity_, 0)) {}
+  ArrayStore& operator=(ArrayStore&& other) noexcept {
+    elements_ = std::move(other.elements_);
+    capacity_ = std::exchange(other.capacity_, 0);
+    return *this;
+  }
 
   [[nodiscard]] unsigned Capacity() const noexcept { return capacity_; }
   [[nodiscard]] T* Data() noexcept { return elements_.get(); }
