@@ -77,13 +77,13 @@ class PELOR_EXPORT File : public std::iostream {
 
   /// The element header as it was read. A change reaches the file only when the element has no graphic
   /// header, which holds these words, too.
-  [[nodiscard]] EHeader& GetEHeader() noexcept { return header_; }
+  EHeader& GetEHeader() noexcept { return header_; }
   [[nodiscard]] const EHeader& GetEHeader() const noexcept { return header_; }
   /// Not checked: without a graphic header it is one from before.
-  [[nodiscard]] GEHeader& GetGEHeader() noexcept { return graphic_; }
-  [[nodiscard]] DEHeader& GetDEHeader();
+  GEHeader& GetGEHeader() noexcept { return graphic_; }
+  DEHeader& GetDEHeader();
   /// The current linkage. Changes are not written back.
-  [[nodiscard]] AHeader& GetAHeader();
+  AHeader& GetAHeader();
 
   // Bytes of the element's body behind the element, graphic or displayable header; of the latter also without
   // the attribute data; and of the data of the current linkage. Headers that leave less than no body give 0.
