@@ -84,7 +84,7 @@ void HexDump(std::ostream& out, std::istream& in, unsigned count) {
   out << std::setfill('0');
   std::string row;
   for (std::uint64_t offset = 0; count != 0; offset += kRow) {
-    row = " ";
+    row.assign(1, ' ');
     AppendHex(row, offset, 8);
     row += " :  ";
     for (unsigned i = 0; i < kRow && count != 0; ++i) {
