@@ -5,6 +5,7 @@
 #include <pelor/dgn/coordinates.h>
 #include <pelor/dgn/coords_range.h>
 #include <pelor/dgn/dump.h>
+#include <pelor/dgn/elements.h>
 #include <pelor/dgn/encoding.h>
 #include <pelor/dgn/errors.h>
 #include <pelor/dgn/file.h>
