@@ -10,5 +10,6 @@
 #include <pelor/dgn/errors.h>
 #include <pelor/dgn/file.h>
 #include <pelor/dgn/header.h>
+#include <pelor/dgn/parameters.h>
 #include <pelor/dgn/rotation.h>
 #include <pelor/dgn/types.h>
