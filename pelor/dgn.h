@@ -12,4 +12,5 @@
 #include <pelor/dgn/header.h>
 #include <pelor/dgn/parameters.h>
 #include <pelor/dgn/rotation.h>
+#include <pelor/dgn/to_arc.h>
 #include <pelor/dgn/types.h>
