@@ -332,6 +332,37 @@ TEST(WArcBodyTest, BoundsOfAnglesThatAreNoNumbersAreHarmless) {
   }
 }
 
+TEST(WObjBodyTest, ACloneHasTheGeometryAndTheStyle) {
+  const Pen pen{3, 4, 0xFF, SLUnits_Point, true};
+  const Brush brush{12, 1, 2};
+  const Symbol symbol(65, 0xFF, 12, "Marks", 7, 90, SLUnits_Point);
+  const WPointObj point(WObjRf<WObjBody>(WPointBody({1, 2}, nullptr, symbol).Clone()));
+  EXPECT_EQ(point->GetPoint(), (PointXY{1, 2}));
+  EXPECT_EQ(point->GetSymbol(), symbol);
+  const WLineObj line(WObjRf<WObjBody>(WLineBody({1, 2}, {3, 4}, nullptr, pen).Clone()));
+  EXPECT_EQ(line->GetStart(), (PointXY{1, 2}));
+  EXPECT_EQ(line->GetEnd(), (PointXY{3, 4}));
+  EXPECT_EQ(line->GetPen(), pen);
+  const WArcObj arc(WObjRf<WObjBody>(WArcBody({1, 2, 3, 4}, Degrees(5), Degrees(6), nullptr, pen).Clone()));
+  EXPECT_EQ(arc->GetRect(), (RectXY{1, 2, 3, 4}));
+  EXPECT_EQ(arc->GetStartAngle(), Degrees(5));
+  EXPECT_EQ(arc->GetEndAngle(), Degrees(6));
+  EXPECT_EQ(arc->GetPen(), pen);
+  const WRectObj rect(WObjRf<WObjBody>(WRectBody({1, 2, 3, 4}, nullptr, pen, brush).Clone()));
+  EXPECT_EQ(rect->GetRect(), (RectXY{1, 2, 3, 4}));
+  EXPECT_EQ(rect->GetPen(), pen);
+  EXPECT_EQ(rect->GetBrush(), brush);
+  const WRRectObj rrect(WObjRf<WObjBody>(WRRectBody({1, 2, 3, 4}, 0.5, nullptr, pen, brush).Clone()));
+  EXPECT_EQ(rrect->GetRect(), (RectXY{1, 2, 3, 4}));
+  EXPECT_EQ(rrect->GetRounding(), 0.5);
+  EXPECT_EQ(rrect->GetPen(), pen);
+  EXPECT_EQ(rrect->GetBrush(), brush);
+  const WEllipseObj ellipse(WObjRf<WObjBody>(WEllipseBody({1, 2, 3, 4}, nullptr, pen, brush).Clone()));
+  EXPECT_EQ(ellipse->GetRect(), (RectXY{1, 2, 3, 4}));
+  EXPECT_EQ(ellipse->GetPen(), pen);
+  EXPECT_EQ(ellipse->GetBrush(), brush);
+}
+
 TEST(WObjBodyTest, AChangeOfACloneLeavesTheOriginalAlone) {
   const WTextObj text("Main St", {0, 0, 6, 2}, nullptr, Font());
   WTextObj copy = text;

@@ -146,6 +146,18 @@ TEST(WRegionBodyTest, TheCentroidIsTheMeanUntilItIsSet) {
   EXPECT_EQ(region->GetCentroid(), (PointXY{2, 8.0 / 6}));
 }
 
+TEST(WRegionBodyTest, AClosingVertexForgetsACentroidThatWasSet) {
+  const WRegionObj open = MakeRegion({{{0, 0}, {4, 0}, {4, 4}, {0, 4}}});
+  open->SetCentroid({9, 9});
+  EXPECT_EQ(open->GetCentroid(), (PointXY{9, 9}));
+  EXPECT_EQ(open->GetArea(), 0.0);
+  EXPECT_EQ(open->GetCentroid(), (PointXY{1.6, 1.6}));
+  const WRegionObj closed = MakeRegion({kClosedTriangle});
+  closed->SetCentroid({9, 9});
+  closed->Close();
+  EXPECT_EQ(closed->GetCentroid(), (PointXY{9, 9})) << "nothing was added";
+}
+
 TEST(WRegionBodyTest, AskingForTheCentroidDoesNotSetIt) {
   const WRegionObj region = MakeRegion({{{0, 0}, {4, 0}, {4, 4}, {0, 0}}});
   EXPECT_EQ(region->GetCentroid(), (PointXY{2, 1}));

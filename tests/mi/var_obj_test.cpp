@@ -174,6 +174,24 @@ TEST(WVarObjTest, AResultIsNotChangedByTheBuilder) {
   EXPECT_EQ(VerticesOf(builder).size(), 3U);
 }
 
+TEST(WVarObjTest, ACopiedBuilderGoesItsOwnWay) {
+  WVarObj builder = MakeBuilder(0, true, {{0, 0}, {4, 0}});
+  WVarObj copy = builder;
+  copy.AddVertex({4, 3});
+  builder.AddVertex({9, 9});
+  EXPECT_EQ(VerticesOf(copy), (Points{{0, 0}, {4, 0}, {4, 3}}));
+  EXPECT_EQ(VerticesOf(builder), (Points{{0, 0}, {4, 0}, {9, 9}}));
+  copy.Empty();
+  EXPECT_EQ(VerticesOf(builder).size(), 3U);
+}
+
+TEST(WVarObjTest, AClosedRingEndsWithAnEmptyPart) {
+  const WVarObj builder = MakeBuilder(0, true, {{0, 0}, {4, 0}, {0, 0}});
+  EXPECT_EQ(builder.GetOutline()->GetNParts(), 2);
+  EXPECT_EQ(builder.GetOutline()->GetNVertices(1), 0);
+  EXPECT_EQ(builder.GetClosed()->GetNTotalVertices(), 3);
+}
+
 TEST(WVarObjTest, StylesAreReplaced) {
   WVarObj builder = MakeBuilder(0, true, {{0, 0}, {4, 0}, {4, 3}});
   const WPLineObj before = builder.GetOutline();
