@@ -20,22 +20,20 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr std::uint64_t kTenTo8 = 100'000'000;
-constexpr std::uint64_t kTenTo16 = kTenTo8 * kTenTo8;
-
-constexpr auto kSmallPowers = [] {
-  std::array<std::uint64_t, kMaxPrecision> powers{};
-  std::uint64_t power = 1;
-  for (std::uint64_t& entry : powers) {
-    entry = power;
-    power *= 10;
-  }
+/// 10^0 to 10^17.
+constexpr auto kTenTo = [] {
+  std::array<std::uint64_t, kMaxPrecision + 1> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = 10 * powers[i - 1];
   return powers;
 }();
 
-/// A positive double as digits[0].digits[1]... x 10^exponent, rounded to the asked precision.
+constexpr std::uint64_t TenTo(int power) noexcept {
+  return kTenTo[static_cast<std::size_t>(power)];
+}
+
+/// A positive double rounded to some count of digits: d.ddd x 10^exponent, the first digit not 0.
 struct DecimalDigits {
-  std::uint64_t digits;  ///< always 17 digits, the first one not 0
+  std::uint64_t digits;
   int exponent;
 };
 
@@ -82,16 +80,18 @@ bool RoundToDigits(const Normalized& value, int precision, DecimalDigits& result
     digits += fraction >> 63;
   }
 
-  digits *= kSmallPowers[static_cast<std::size_t>(kMaxPrecision - precision)];
-  const bool carried = digits == 10 * kTenTo16;
-  result = {carried ? kTenTo16 : digits, exponent + static_cast<int>(carried)};
+  if (digits == TenTo(precision)) [[unlikely]] {
+    digits = TenTo(precision - 1);
+    ++exponent;
+  }
+  result = {digits, exponent};
   return true;
 }
 
 /// Eight decimal digits, 0 to 9 each, the first one in the lowest byte. The halves, quarters and single
 /// digits are split side by side in one word, by multiplying with rounded-up inverses that are exact in this
 /// range.
-inline std::uint64_t SplitDigits(std::uint64_t number) noexcept {
+std::uint64_t SplitDigits(std::uint64_t number) noexcept {
   const std::uint64_t fours = number / 10'000 | number % 10'000 << 32;
   const std::uint64_t hundreds = (fours * 10'486 >> 20) & 0x0000007F'0000007F;
   const std::uint64_t twos = hundreds | (fours - 100 * hundreds) << 16;
@@ -107,12 +107,65 @@ void Store(char* at, std::uint64_t bytes) noexcept {
   }
 }
 
-/// Writes the eight characters with a decimal point before character `pos` (0 to 7): nine characters.
-void StoreWithPoint(char* at, std::uint64_t text, int pos) noexcept {
-  const int bit = 8 * pos;
-  const std::uint64_t before = (std::uint64_t{1} << bit) - 1;
-  Store(at, (text & before) | std::uint64_t{'.'} << bit | (text & ~before) << 8);
-  at[8] = static_cast<char>(text >> 56);
+/// Digits as characters, filled up with zeros.
+struct DecimalText {
+  std::uint64_t front;  ///< the first eight, the first one in the lowest byte
+  std::uint64_t back;   ///< the next eight
+  char last;            ///< the seventeenth
+  int count;            ///< how many there are up to the last one that is not 0
+};
+
+/// A word of eight digits as characters.
+constexpr std::uint64_t kZeros = 0x30303030'30303030;
+
+/// How many of the sixteen digits stand up to the last one that is not 0.
+int CountDigits(std::uint64_t front, std::uint64_t back) noexcept {
+  return back != 0 ? 16 - (std::countl_zero(back) >> 3) : 8 - (std::countl_zero(front) >> 3);
+}
+
+DecimalText ToText(std::uint64_t digits, int precision) noexcept {
+  // Coordinates are put with ten digits or less: then two digits behind the first eight are all there is, and
+  // a third of the time is saved.
+  constexpr int kShort = 10;
+  if (precision <= kShort) {
+    digits *= TenTo(kShort - precision);
+    const std::uint64_t front = SplitDigits(digits / 100);
+    const std::uint64_t rest = digits % 100;
+    const std::uint64_t back = rest / 10 | rest % 10 << 8;
+    return {front | kZeros, back | kZeros, '0', CountDigits(front, back)};
+  }
+  digits *= TenTo(kMaxPrecision - precision);
+  const std::uint64_t front = SplitDigits(digits / TenTo(9));
+  const std::uint64_t rest = digits % TenTo(9);
+  const std::uint64_t back = SplitDigits(rest / 10);
+  const std::uint64_t last = rest % 10;
+  const int count = last != 0 ? kMaxPrecision : CountDigits(front, back);
+  return {front | kZeros, back | kZeros, static_cast<char>('0' + last), count};
+}
+
+/// Writes all 17 digits.
+void PutDigits(char* at, const DecimalText& text) noexcept {
+  Store(at, text.front);
+  Store(at + 8, text.back);
+  at[16] = text.last;
+}
+
+/// Writes the digits with a point behind digit `pos` (0 to 16) if any digit counts there, and gives the end.
+char* PutWithPoint(char* at, const DecimalText& text, int pos) noexcept {
+  // Stores overlap: what the one writes too far, the next one puts right.
+  if (pos < 8) [[likely]] {
+    Store(at, text.front);
+    Store(at + pos + 2, text.front >> 8 * pos >> 8);
+    Store(at + 9, text.back);
+    at[17] = text.last;
+  } else {
+    PutDigits(at, text);
+    if (text.count <= pos + 1) return at + pos + 1;
+    Store(at + pos + 2, text.back >> 8 * (pos - 8) >> 8);
+    at[17] = text.last;
+  }
+  at[pos + 1] = '.';
+  return at + (text.count > pos + 1 ? text.count + 1 : pos + 1);
 }
 
 char* PutExponent(char* at, int exponent) noexcept {
@@ -129,44 +182,17 @@ char* PutExponent(char* at, int exponent) noexcept {
 }
 
 char* LayOut(char* first, const DecimalDigits& decimal, int precision) noexcept {
-  constexpr std::uint64_t kZeros = 0x30303030'30303030;
-  const std::uint64_t rest = decimal.digits % kTenTo16;
-  const auto leading = static_cast<char>('0' + decimal.digits / kTenTo16);
-  const std::uint64_t front = SplitDigits(rest / kTenTo8);
-  const std::uint64_t back = SplitDigits(rest % kTenTo8);
-  // The highest byte that is not 0 is the last digit that counts.
-  const int zeros = std::countl_zero(back != 0 ? back : front) >> 3;
-  const int count = (back != 0 ? 17 : 9) - zeros;
+  const DecimalText text = ToText(decimal.digits, precision);
   const int exponent = decimal.exponent;
-
-  if (exponent < -4 || exponent >= precision) {
-    first[0] = leading;
-    first[1] = '.';
-    Store(first + 2, front | kZeros);
-    Store(first + 10, back | kZeros);
-    return PutExponent(first + (count > 1 ? count + 1 : 1), exponent);
-  }
-  if (exponent < 0) {
+  if (exponent >= 0 && exponent < precision) [[likely]]
+    return PutWithPoint(first, text, exponent);
+  if (exponent < 0 && exponent >= -4) {
     Store(first, kZeros);
     first[1] = '.';
-    first += 1 - exponent;
-    first[0] = leading;
-    Store(first + 1, front | kZeros);
-    Store(first + 9, back | kZeros);
-    return first + count;
+    PutDigits(first + 1 - exponent, text);
+    return first + 1 - exponent + text.count;
   }
-  first[0] = leading;
-  if (exponent < 8) {
-    StoreWithPoint(first + 1, front | kZeros, exponent);
-    Store(first + 10, back | kZeros);
-  } else if (exponent < 16) {
-    Store(first + 1, front | kZeros);
-    StoreWithPoint(first + 9, back | kZeros, exponent - 8);
-  } else {
-    Store(first + 1, front | kZeros);
-    Store(first + 9, back | kZeros);
-  }
-  return first + (count > exponent + 1 ? count + 1 : exponent + 1);
+  return PutExponent(PutWithPoint(first, text, 0), exponent);
 }
 
 char* PutWord(char* at, std::string_view word) noexcept {
