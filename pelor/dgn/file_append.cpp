@@ -10,6 +10,8 @@ namespace Pelor::DGN {
 bool File::Append(const EHeader& header, std::uint64_t body_bytes) {
   const std::uint64_t words = (body_bytes + 1) / 2;
   WriteBack();
+  // Having looked past the end of the file is no failure, here as for a seek.
+  if (eof()) clear(rdstate() & ~eofbit);
   while (*this) Next(false);
   if (!good()) return false;
   if (!writable_ || words > std::numeric_limits<std::uint16_t>::max()) {

@@ -114,6 +114,15 @@ TEST_F(FileAppendTest, AppendingFromTheMiddleGoesToTheEnd) {
   EXPECT_EQ(file_.CurrentPosition(), 5 * 44);
 }
 
+TEST_F(FileAppendTest, ReadingToTheVeryEndDoesNotStopAnAppend) {
+  file_.EAppend(EHeader(ApplicationType, 1, 0), 2);
+  file_.seekg(0, std::ios_base::end);
+  EXPECT_EQ(file_.peek(), std::char_traits<char>::eof());
+  file_.EAppend(EHeader(ApplicationType, 2, 0), 2);
+  EXPECT_TRUE(static_cast<bool>(file_));
+  EXPECT_EQ(WordsAt(0, 7), "4201 0001 0000 4202 0001 0000 FFFF");
+}
+
 TEST_F(FileAppendTest, AGraphicElementHasItsRange) {
   file_.GEAppend(GEHeader(EHeader(GroupType, 5, 14), CoordsRange(1, 2, 3, 4, 5, 6)), 28);
   EXPECT_TRUE(file_.HasGraphicHeader());
