@@ -172,6 +172,7 @@ std::size_t File::ReadLongs(std::span<std::int32_t> values) {
   constexpr std::size_t kLong = 4;
   std::array<std::byte, 1024 * kLong> scratch;
   std::size_t done = 0;
+  if (!std::istream::sentry(*this, true)) return done;
   while (done < values.size() && good()) {
     const std::size_t wanted = std::min(values.size() - done, scratch.size() / kLong);
     const std::span<const std::byte> view = buffer_.Peek(std::span(scratch).first(wanted * kLong));

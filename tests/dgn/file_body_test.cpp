@@ -333,6 +333,17 @@ TEST(FileValueTest, AnArrayOfLongsEndsWithTheFile) {
   EXPECT_EQ(file.ReadLongs(values), 0U);
 }
 
+TEST(FileValueTest, AnArrayOfLongsBehindTheEndOfTheFileFails) {
+  const TempFile design(Design().Element(0x4200, "0001*4").End().Bytes());
+  File file(design.Name(), kIn);
+  file.seekg(0, std::ios_base::end);
+  EXPECT_EQ(file.peek(), std::char_traits<char>::eof());
+  EXPECT_FALSE(file.fail());
+  std::vector<std::int32_t> values(1);
+  EXPECT_EQ(file.ReadLongs(values), 0U);
+  EXPECT_TRUE(file.fail());
+}
+
 TEST(FileValueTest, LongArraysCrossTheBlocksOfTheBuffer) {
   std::string bytes = Words("4200 FFFF");
   for (int i = 0; i < 60000; ++i)
