@@ -41,7 +41,7 @@ class PELOR_EXPORT ToArc {
   [[nodiscard]] Vanth::ArcXY Arc(const Ellipse2D& ellipse) const;
   /// From start to end, clockwise for a negative sweep; the last point is the exact end. A sweep of 0 is a
   /// full turn.
-  [[nodiscard]] Vanth::ArcXY Arc(const Arc2D& arc) const;
+  [[nodiscard]] Vanth::ArcXY Arc(const Arc2D& record) const;
 
  private:
   const Parameters& parameters_;
