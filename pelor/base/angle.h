@@ -25,9 +25,10 @@ class PELOR_EXPORT Angle {
 
   constexpr Angle() noexcept = default;
   constexpr explicit Angle(double radians) noexcept : radians_(radians) {}
-  constexpr Angle(double value, Units units) noexcept : radians_(value * ufact[units]) {}
+  constexpr Angle(double value, Units units) noexcept : radians_(value * Factor(units)) {}
 
-  /// The value in `units`, brought into `range`. An infinite angle has no place in a range and gives NaN.
+  /// The value in `units`, brought into `range`; units outside the table count as radians, and any range but
+  /// Positive as AsStored. An infinite angle has no place in a range and gives NaN.
   [[nodiscard]] double operator()(Units units, Range range) const noexcept;
   [[nodiscard]] double operator()(int units, int range) const noexcept {
     return (*this)(static_cast<Units>(units), static_cast<Range>(range));
@@ -36,6 +37,10 @@ class PELOR_EXPORT Angle {
   friend constexpr bool operator==(const Angle&, const Angle&) noexcept = default;
 
  private:
+  [[nodiscard]] static constexpr double Factor(Units units) noexcept {
+    return units >= Radians && units <= Turns ? ufact[units] : ufact[Radians];
+  }
+
   double radians_ = 0.0;
 };
 
