@@ -81,8 +81,10 @@ class BasicRef : public IRefCommon {
   }
   BasicRef& operator=(BasicRef&& other) noexcept {
     if (this != &other) {
+      // Taken out first: `other` may stand inside the body that goes away here.
+      T* const body = std::exchange(other.body_, nullptr);
       Hold(nullptr);
-      body_ = std::exchange(other.body_, nullptr);
+      body_ = body;
     }
     return *this;
   }
