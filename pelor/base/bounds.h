@@ -15,8 +15,10 @@ class BoundsXY {
   /// The smallest box that holds both points, in whichever order they are given.
   constexpr BoundsXY(const PointXY& a, const PointXY& b) noexcept : BoundsXY(a.x, a.y, b.x, b.y) {}
   constexpr explicit BoundsXY(const RectXY& rect) noexcept : BoundsXY(rect.x1, rect.y1, rect.x2, rect.y2) {}
-  constexpr BoundsXY(double x1, double y1, double x2, double y2) noexcept
-      : min_{std::min(x1, x2), std::min(y1, y2)}, max_{std::max(x1, x2), std::max(y1, y2)} {}
+  constexpr BoundsXY(double x1, double y1, double x2, double y2) noexcept {
+    Extend({x1, y1});
+    Extend({x2, y2});
+  }
   /// The box of all points of an array; empty for none.
   explicit BoundsXY(const Tobri::DArrayRC<PointXY>& points) noexcept {
     for (const PointXY& point : points) Extend(point);

@@ -13,7 +13,8 @@ struct Tol {
   };
 };
 
-/// A numeric tolerance. Nothing is within a tolerance that is NaN, or of a NaN.
+/// A numeric tolerance. Nothing is within a tolerance that is NaN, or of a NaN; an infinity equals only
+/// itself.
 template <class T>
 class Tolerance {
  public:
@@ -22,7 +23,8 @@ class Tolerance {
   [[nodiscard]] bool Equals(T a, T b) const noexcept {
     if (a == b) return tolerance_ >= 0;
     const T scale = mode_ == Tol::Relative ? std::max(std::fabs(a), std::fabs(b)) : T{1};
-    return std::fabs(a - b) <= tolerance_ * scale;
+    const T difference = std::fabs(a - b);
+    return std::isfinite(difference) && difference <= tolerance_ * scale;
   }
 
  private:
