@@ -30,7 +30,9 @@ std::ostream& operator<<(std::ostream& out, const String& text) {
 
 char* StrModify::GetBuffer(unsigned n, GrowMode mode) {
   if (n > buffer_.size()) {
-    if (mode == GrowDouble) buffer_.reserve(std::max<std::size_t>(n, 2 * buffer_.capacity()));
+    if (mode == GrowDouble && n > buffer_.capacity()) {
+      buffer_.reserve(std::max<std::size_t>(n, 2 * buffer_.capacity()));
+    }
     buffer_.resize(n);
   }
   return buffer_.data();
@@ -55,9 +57,10 @@ struct CaseRange {
 
 constexpr CaseRange kCaseRanges[] = {
     {0x00C0, 0x00D6, 32}, {0x00D8, 0x00DE, 32}, {0x0100, 0x012E, 1},  {0x0132, 0x0136, 1},
-    {0x0139, 0x0147, 1},  {0x014A, 0x0176, 1},  {0x0179, 0x017D, 1},  {0x0388, 0x038A, 37},
+    {0x0139, 0x0147, 1},  {0x014A, 0x0176, 1},  {0x0179, 0x017D, 1},  {0x01CD, 0x01DB, 1},
+    {0x01DE, 0x01EE, 1},  {0x01F8, 0x021E, 1},  {0x0222, 0x0232, 1},  {0x0388, 0x038A, 37},
     {0x0391, 0x03A1, 32}, {0x03A3, 0x03AB, 32}, {0x0400, 0x040F, 80}, {0x0410, 0x042F, 32},
-    {0x0460, 0x0480, 1},  {0x048A, 0x04BE, 1},  {0x04D0, 0x04FE, 1},
+    {0x0460, 0x0480, 1},  {0x048A, 0x04BE, 1},  {0x04C1, 0x04CD, 1},  {0x04D0, 0x052E, 1},
 };
 
 // Single letters outside the ranges.
@@ -67,10 +70,15 @@ struct CasePair {
 };
 
 constexpr CasePair kCasePairs[] = {
-    {0x0178, 0x00FF}, {0x0386, 0x03AC}, {0x038C, 0x03CC}, {0x038E, 0x03CD}, {0x038F, 0x03CE},
+    {0x0178, 0x00FF}, {0x018F, 0x0259}, {0x01A0, 0x01A1}, {0x01AF, 0x01B0}, {0x01F4, 0x01F5},
+    {0x0386, 0x03AC}, {0x038C, 0x03CC}, {0x038E, 0x03CD}, {0x038F, 0x03CE}, {0x04C0, 0x04CF},
 };
 
+constexpr unsigned kCapitalSigma = 0x03A3;
+constexpr unsigned kFinalSigma = 0x03C2;  // the second small letter of that capital
+
 unsigned ToUpper(unsigned code) {
+  if (code == kFinalSigma) return kCapitalSigma;
   for (const CasePair& pair : kCasePairs) {
     if (code == pair.lower) return pair.upper;
   }

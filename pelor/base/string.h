@@ -104,8 +104,8 @@ class PELOR_EXPORT StrModify {
   std::string buffer_;
 };
 
-/// Case rules of the local character set, UTF-8: the letters of Latin, Greek and Cyrillic that have a partner
-/// of the same encoded length; every other byte passes unchanged.
+/// Case rules of the local character set, UTF-8: the letters of today's Latin, Greek and Cyrillic alphabets
+/// that have a partner of the same encoded length; every other byte passes unchanged.
 class PELOR_EXPORT LocStr {
  public:
   [[nodiscard]] static String UpperCase(const String& text);
