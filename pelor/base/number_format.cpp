@@ -50,8 +50,8 @@ Normalized Normalize(std::uint64_t magnitude) noexcept {
   return {magnitude << zeros, -1011 - zeros};
 }
 
-/// Rounds to `precision` digits. False when a value so near to a half that the cut-off power of ten does not
-/// decide needs another way; that takes a run of 63 equal bits behind the last digit.
+/// Rounds to `precision` digits. False for a value so near to a half, but not known to be one, that the
+/// cut-off power of ten does not decide; that takes a run of 63 equal bits behind the last digit.
 bool RoundToDigits(const Normalized& value, int precision, DecimalDigits& result) noexcept {
   // The estimate from the binary exponent is one too low when a power of ten stands between 2^exponent and
   // the value.
@@ -73,9 +73,10 @@ bool RoundToDigits(const Normalized& value, int precision, DecimalDigits& result
   std::uint64_t digits = top >> shift;
   const std::uint64_t fraction = top << (64 - shift) | middle >> shift;
   if (fraction - (kHalf - 1) <= 1) [[unlikely]] {
-    if (scale < 0 || scale > Decimal::kLastExactPower) return false;
-    const bool beyond = (middle << (64 - shift) | static_cast<std::uint64_t>(lower)) != 0;
-    digits += static_cast<std::uint64_t>(fraction == kHalf && (beyond || digits % 2 != 0));
+    const bool exact = scale >= 0 && scale <= Decimal::kLastExactPower;
+    const std::uint64_t beyond = middle << (64 - shift) | static_cast<std::uint64_t>(lower);
+    if (!exact || fraction != kHalf || beyond != 0) return false;
+    digits += digits % 2;
   } else {
     digits += fraction >> 63;
   }
