@@ -247,7 +247,7 @@ char* FormatGeneral(char* first, double value, int precision) noexcept {
     return PutWord(at, magnitude == kInfinity ? "inf" : "nan");
   }
   precision = std::max(precision, 1);
-  DecimalDigits decimal;
+  DecimalDigits decimal{};
   if (RoundToDigits(Normalize(magnitude), precision, decimal)) [[likely]] {
     return LayOut(at, decimal, precision);
   }
