@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <sstream>
 #include <string>
@@ -18,8 +19,8 @@ namespace dgn_test {
 inline std::string ReadEverything(Pelor::DGN::File& file) {
   const Tobri::Error::ScopedHandler ignore([](const Tobri::Error::Msg&) {});
   std::ostringstream listing;
-  std::vector<char> body(std::size_t{1} << 17U);
-  const std::string fill(16, '?');
+  constexpr std::size_t kLargestBody = std::size_t{1} << 17U;
+  const auto body = std::make_unique_for_overwrite<char[]>(kLargestBody);
   const auto again = [&file] {
     file.clear();
     return &file;
@@ -31,10 +32,10 @@ inline std::string ReadEverything(Pelor::DGN::File& file) {
   if (file.HasGraphicHeader()) file.GetGEHeader().Dump(listing);
   if (file.HasDisplayableHeader()) file.GetDEHeader().Dump(listing);
 
-  again()->ReadEBody(body.data());
-  again()->ReadGEBody(body.data());
-  again()->ReadDEBody(body.data(), true);
-  again()->ReadDEBody(body.data(), false);
+  again()->ReadEBody(body.get());
+  again()->ReadGEBody(body.get());
+  again()->ReadDEBody(body.get(), true);
+  again()->ReadDEBody(body.get(), false);
   again()->DumpEBody(listing);
   again()->DumpGEBody(listing);
   again()->DumpDEBody(listing, true);
@@ -65,7 +66,7 @@ inline std::string ReadEverything(Pelor::DGN::File& file) {
   while (file.HasAttributes()) {
     ++linkages;
     file.GetAHeader().Dump(listing);
-    file.ReadABody(body.data());
+    file.ReadABody(body.get());
     file.clear();
     file.DumpABody(listing);
     file.clear();
