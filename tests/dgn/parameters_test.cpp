@@ -139,6 +139,17 @@ TEST(ParametersTest, ReadingAnotherTypeIsRefused) {
   EXPECT_FALSE(fresh.valid);
 }
 
+TEST(ParametersTest, MadeFromAFileTheyHaveABodyOnlyOnceTheyAreRead) {
+  const TempFile design(DesignOf(ElementBytes(3, "0000 0000 0000 0000")));
+  File file(design.Name(), kIn);
+  const Texts reported = Reported([&file] {
+    const Parameters parameters(file);
+    EXPECT_TRUE(parameters.body.empty());
+    EXPECT_FALSE(parameters.valid);
+  });
+  EXPECT_EQ(reported, Texts{"Incorrect Element Type"});
+}
+
 TEST(ParametersTest, WritingAnotherTypeIsRefused) {
   const std::string bytes = ElementBytes(3, "0000 0000 0000 0000");
   const TempFile design(DesignOf(bytes));
