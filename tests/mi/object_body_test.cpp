@@ -80,7 +80,8 @@ TEST(WObjBodyTest, CloneIsOfTheSameClassAndUnheld) {
     const WObjRf<WObjBody> holder(clone);
     EXPECT_EQ(clone->RefCount(), 1U);
     EXPECT_NE(holder, object);
-    EXPECT_EQ(typeid(*clone), typeid(*object.Get()));
+    const WObjBody& original = *object;
+    EXPECT_EQ(typeid(*clone), typeid(original));
     EXPECT_EQ(clone->GetWSys(), object->GetWSys());
     EXPECT_EQ(object->RefCount(), 1U);
   }

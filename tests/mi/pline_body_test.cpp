@@ -208,6 +208,7 @@ TEST(WPLineBodyTest, ACloneIsIndependent) {
   pline->SetIsSmooth(true);
   WPLineObj clone = pline;
   clone.Copy();
+  EXPECT_NE(clone->Vertices().data(), pline->Vertices().data());
   clone->AddVertex({3, 3});
   clone->AddPart();
   clone->SetIsSmooth(false);
@@ -223,6 +224,7 @@ TEST(WPLineBodyTest, AssignmentMakesPrivateCopies) {
   WPLineBody other(nullptr);
   other.AddPart();
   other = *pline;
+  EXPECT_NE(other.Vertices().data(), pline->Vertices().data());
   other.AddVertex({3, 3});
   pline->AddPart();
   EXPECT_EQ(PartsOf(other), (std::vector<Points>{{{1, 1}, {2, 2}, {3, 3}}}));

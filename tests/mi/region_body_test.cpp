@@ -271,6 +271,14 @@ TEST(WRegionBodyTest, AClonesOutlineIsSharedUntilTheFirstChange) {
   EXPECT_EQ(clone->GetNTotalVertices(), 6);
 }
 
+TEST(WRegionBodyTest, ClosingACloneLeavesTheOriginalOpen) {
+  const WRegionObj region = MakeRegion({kTriangle});
+  const WRegionObj clone(WObjRf<WObjBody>(region->Clone()));
+  clone->Close();
+  EXPECT_EQ(clone->GetNVertices(0), 4);
+  EXPECT_EQ(region->GetNVertices(0), 3);
+}
+
 TEST(WRegionBodyTest, AnAssignedRegionIsIndependent) {
   const WRegionObj region = MakeRegion({kClosedTriangle});
   const WRegionObj other(nullptr, Pen(), Brush());

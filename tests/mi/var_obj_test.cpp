@@ -172,6 +172,9 @@ TEST(WVarObjTest, AResultIsNotChangedByTheBuilder) {
   builder.AddVertex({4, 3});
   EXPECT_EQ(WPLineObj(result)->GetNVertices(0), 2);
   EXPECT_EQ(VerticesOf(builder).size(), 3U);
+  const WPLineObj outline = builder.GetOutline();
+  builder.Empty();
+  EXPECT_EQ(outline->GetNVertices(0), 3);
 }
 
 TEST(WVarObjTest, ACopiedBuilderGoesItsOwnWay) {
@@ -301,6 +304,7 @@ TEST(WVarObjConversionTest, ARegionKeepsItsClosedRings) {
   EXPECT_EQ(builder.GetClosed()->GetPen(), pen);
   EXPECT_EQ(builder.GetClosed()->GetBrush(), brush);
   EXPECT_EQ(builder.GetClosed()->GetWSys(), wsys);
+  EXPECT_EQ(region->GetOutline()->GetWSys(), nullptr);
 }
 
 TEST(WVarObjConversionTest, ARectangleGivesItsCornersInTurn) {
@@ -347,7 +351,7 @@ TEST(WVarObjConversionTest, AnEllipseGivesOneTurnOfPoints) {
   const WVarObj builder(WEllipseObj({-4, -3, 4, 3}, nullptr, Pen(), Brush()), 4, true);
   ExpectNear(VerticesOf(builder), {{4, 0}, {0, 3}, {-4, 0}, {0, -3}});
   EXPECT_EQ(builder.GetWType(), WObjType_Region);
-  // 1 - cos 45 degrees of the radius: steps of 90 degrees; half a radius: steps of 120 degrees.
+  // Half the larger half-axis of tolerance: steps of 120 degrees.
   const WVarObj thirds(WEllipseObj({14, 7, 6, 1}, nullptr, Pen(), Brush()), 2, true);
   ExpectNear(VerticesOf(thirds),
              {{14, 4}, {10 - 2, 4 + 3 * std::sin(2 * kPi / 3)}, {10 - 2, 4 - 3 * std::sin(2 * kPi / 3)}});
