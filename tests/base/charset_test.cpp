@@ -254,7 +254,9 @@ std::string ConvertSlowly(Iconv& decoder, Iconv& encoder, const std::string& tex
       result += text[at++];
       continue;
     }
-    result += encoder(text.substr(at, length)).value_or("?");
+    // The C library drops tag characters, U+E0000 to U+E007F, without a word.
+    const auto encoded = encoder(text.substr(at, length));
+    result += encoded && !encoded->empty() ? *encoded : "?";
     at += length;
   }
   return result;
