@@ -237,9 +237,7 @@ bool BlockBuffer::SeekElsewhere(std::int64_t position) noexcept {
   position_ = position;
   if (!readable_ || current_ == nullptr) return true;
   const std::int64_t inside = position - window_offset_;
-  if (inside >= 0 && inside < std::min<std::int64_t>(current_->valid, size_ - window_offset_)) {
-    ShowForReading(*current_, position);
-  }
+  if (inside >= 0 && inside < current_->valid) ShowForReading(*current_, position);
   return true;
 }
 

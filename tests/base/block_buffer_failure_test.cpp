@@ -9,6 +9,7 @@
 #include <string>
 #include <sys/resource.h>
 #include <tests/base/block_buffer_fixture.h>
+#include <unistd.h>
 
 namespace block_buffer_test {
 namespace {
@@ -64,12 +65,28 @@ TEST_F(BlockBufferTest, AFullDeviceFailsAtFlushAndAtEveryLaterOne) {
   EXPECT_EQ(buffer.pubsync(), 0);
 }
 
-TEST_F(BlockBufferTest, CloseReportsAFullDevice) {
+// What the next open would give: it tells whether a descriptor was left open.
+int LowestFreeDescriptor() {
+  const int descriptor = dup(STDOUT_FILENO);
+  close(descriptor);
+  return descriptor;
+}
+
+TEST_F(BlockBufferTest, CloseReportsAFullDeviceAndGivesTheDescriptorBack) {
+  const int free_before = LowestFreeDescriptor();
   BlockBuffer buffer;
   ASSERT_TRUE(buffer.open("/dev/full", kUpdate));
   EXPECT_EQ(buffer.sputc('x'), 'x');
   EXPECT_FALSE(buffer.close());
   EXPECT_FALSE(buffer.is_open());
+  EXPECT_EQ(LowestFreeDescriptor(), free_before);
+}
+
+TEST_F(BlockBufferTest, AFailedOpenGivesTheDescriptorBack) {
+  const int free_before = LowestFreeDescriptor();
+  BlockBuffer buffer;
+  EXPECT_FALSE(buffer.open(folder_.string(), kRead));
+  EXPECT_EQ(LowestFreeDescriptor(), free_before);
 }
 
 TEST_F(BlockBufferTest, AWriteThatEvictsReportsAFullDevice) {

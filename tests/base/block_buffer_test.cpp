@@ -319,6 +319,11 @@ TEST_F(BlockBufferTest, AFileThatOthersCutShortEndsThere) {
   ASSERT_TRUE(buffer.Seek(2 * kBlock));
   EXPECT_EQ(Get(buffer, 100), Bytes(2 * kBlock, 5));
   EXPECT_EQ(buffer.Size(), 2 * kBlock + 5);
+  std::filesystem::resize_file(name_, 5);
+  ASSERT_TRUE(buffer.Seek(kBlock));
+  EXPECT_EQ(Get(buffer, 10), "") << "this block is read only now";
+  ASSERT_TRUE(buffer.Seek(0));
+  EXPECT_EQ(Get(buffer, 10), Bytes(0, 5)) << "this one was in memory";
 }
 
 TEST_F(BlockBufferTest, AnEmptyFileReadsAsNothing) {
@@ -435,8 +440,8 @@ TEST_F(BlockBufferTest, AFileThatIsOnlyWrittenKeepsWhatWasWrittenBefore) {
   ASSERT_TRUE(buffer.open(name_, kWrite));
   std::string expected = Bytes(0, 2 * kBlocks * kBlock);
   EXPECT_EQ(Put(buffer, expected), 2 * kBlocks * kBlock);
-  EXPECT_EQ(buffer.sgetc(), EOF);
   ASSERT_TRUE(buffer.Seek(10));
+  EXPECT_EQ(buffer.sgetc(), EOF);
   EXPECT_EQ(Put(buffer, "header"), 6);
   expected.replace(10, 6, "header");
   EXPECT_EQ(buffer.Position(), 16);
