@@ -186,7 +186,8 @@ TYPED_TEST(EveryHandleTest, AssigningAHandleToItselfKeepsTheBodyAlive) {
   handle.Assign(same);
   handle = same;
   handle.Assign(handle.Get());
-  handle = std::move(const_cast<TypeParam&>(same));
+  TypeParam& moved = handle;
+  handle = std::move(moved);
   EXPECT_EQ(live, each);
   ASSERT_TRUE(handle);
   EXPECT_EQ(handle->RefCount(), 1U);
