@@ -204,9 +204,11 @@ TEST(TextInputTest, PositionsRestoreExactlyAcrossWindows) {
     } else {
       in.SetPos(positions[random() % positions.size()]);
     }
-    const IBText::LineState line = in.Line();
-    ASSERT_EQ(line.line, places[in.Offset()].line) << step;
-    ASSERT_EQ(in.Offset() - line.line_start + 1, places[in.Offset()].column) << step;
+    if (step % 16 == 0) {
+      const IBText::LineState line = in.Line();
+      ASSERT_EQ(line.line, places[in.Offset()].line) << step;
+      ASSERT_EQ(in.Offset() - line.line_start + 1, places[in.Offset()].column) << step;
+    }
     const std::string_view window = in.Window(64);
     ASSERT_EQ(window, std::string_view(text).substr(in.Offset(), window.size())) << step;
     ASSERT_FALSE(window.empty());
