@@ -6,5 +6,6 @@
 #include <pelor/mif/coord_sys_clause.h>
 #include <pelor/mif/keyword.h>
 #include <pelor/mif/lexis.h>
+#include <pelor/mif/object_clauses.h>
 #include <pelor/mif/style_clauses.h>
 #include <pelor/mif/style_size.h>

@@ -26,6 +26,8 @@ class PELOR_EXPORT WArcBody : public W1DBody {
   /// Intended: arcs have no length.
   [[nodiscard]] double GetLength() const override { return 0.0; }
   void Apply(const Transform& transform) override;
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::RectXY& GetRect() const noexcept { return rect_; }

@@ -27,6 +27,8 @@ class PELOR_EXPORT WEllipseBody : public W2DBody {
     return std::numbers::pi * (std::fabs(rect_.Width()) / 2) * (std::fabs(rect_.Height()) / 2);
   }
   void Apply(const Transform& transform) override { transform.Apply(rect_); }
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::RectXY& GetRect() const noexcept { return rect_; }

@@ -29,6 +29,8 @@ class PELOR_EXPORT WLineBody : public W1DBody {
     transform.Apply(start_);
     transform.Apply(end_);
   }
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::PointXY& GetStart() const noexcept { return start_; }

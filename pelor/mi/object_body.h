@@ -13,7 +13,12 @@
 #include <pelor/mi/symbol.h>
 #include <pelor/mi/transform.h>
 
+#include <iosfwd>
 #include <utility>
+
+namespace Tobri {
+class IxText;
+}
 
 namespace Pelor::MI {
 
@@ -34,6 +39,11 @@ class PELOR_EXPORT WObjBody : public Tobri::Rep {
   [[nodiscard]] virtual Vanth::Angle GetAlignment() const { return Vanth::Angle(); }
   /// Transforms the geometry in place.
   virtual void Apply(const Transform& transform) = 0;
+  /// Writes the object's clause of a MIF file.
+  virtual void WriteMIF(std::ostream& out) const = 0;
+  /// Reads the clause, with its keyword or from behind it. A fault is reported as a MIF::SyntaxError; what
+  /// was read before it stays.
+  virtual void ReadMIF(Tobri::IxText& in) = 0;
   /// The distance to `other`, which must not be null. Only two points have a measure; every other pair is 0
   /// apart, which is intended. `swapped` tells that `other` handed the call over.
   [[nodiscard]] virtual double DistTo(const WObjBody* other, bool swapped) const;
@@ -68,6 +78,8 @@ class PELOR_EXPORT WNoBody : public WObjBody {
   [[nodiscard]] double GetLength() const override { return 0.0; }
   [[nodiscard]] double GetArea() const override { return 0.0; }
   void Apply(const Transform& /*transform*/) override {}
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
 };
 
 /// A zero-dimensional object, drawn with a symbol.

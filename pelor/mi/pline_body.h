@@ -28,6 +28,8 @@ class PELOR_EXPORT WPLineBody : public W1DBody {
   /// part. That parts of two vertices are passed over is intended.
   [[nodiscard]] Vanth::Angle GetAlignment() const override;
   void Apply(const Transform& transform) override;
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   /// Removes all vertices and parts, and begins one part.

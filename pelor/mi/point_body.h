@@ -17,6 +17,8 @@ class PELOR_EXPORT WPointBody : public W0DBody {
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return {point_, point_}; }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return point_; }
   void Apply(const Transform& transform) override { transform.Apply(point_); }
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::PointXY& GetPoint() const noexcept { return point_; }

@@ -25,6 +25,8 @@ class PELOR_EXPORT WRectBody : public W2DBody {
     return std::fabs(rect_.Width()) * std::fabs(rect_.Height());
   }
   void Apply(const Transform& transform) override { transform.Apply(rect_); }
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::RectXY& GetRect() const noexcept { return rect_; }

@@ -31,6 +31,8 @@ class PELOR_EXPORT WRegionBody : public W2DBody {
   /// Intended: 0 for every region.
   [[nodiscard]] double GetArea() const override;
   void Apply(const Transform& transform) override;
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   /// Sets the pen of the region and of its outline.

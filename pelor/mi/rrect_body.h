@@ -34,6 +34,8 @@ class PELOR_EXPORT WRRectBody : public W2DBody {
     transform.Apply(rect_);
     rounding_ *= transform.scaleX;
   }
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Vanth::RectXY& GetRect() const noexcept { return rect_; }

@@ -23,6 +23,8 @@ class PELOR_EXPORT WTextBody : public WTxBody {
   [[nodiscard]] double GetArea() const override { return 0.0; }
   [[nodiscard]] Vanth::Angle GetAlignment() const override { return angle_; }
   void Apply(const Transform& transform) override;
+  void WriteMIF(std::ostream& out) const override;
+  void ReadMIF(Tobri::IxText& in) override;
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override;
 
   [[nodiscard]] const Tobri::String& GetText() const noexcept { return text_; }

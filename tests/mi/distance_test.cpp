@@ -34,6 +34,8 @@ class Probe : public WObjBody {
   [[nodiscard]] double GetLength() const override { return 0.0; }
   [[nodiscard]] double GetArea() const override { return 0.0; }
   void Apply(const Transform& /*transform*/) override {}
+  void WriteMIF(std::ostream& /*out*/) const override {}
+  void ReadMIF(Tobri::IxText& /*in*/) override {}
   [[nodiscard]] double DistTo(const WObjBody* other, bool swapped) const override {
     ++calls;
     from = other;
