@@ -1,6 +1,6 @@
 #include "app/design/design_header.h"
 
-#include "app/design/dfloat.h"
+#include "app/design/d_float.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "app/design/element_view.h"
 
-#include "app/design/dfloat.h"
+#include "app/design/d_float.h"
 
 #include <array>
 #include <string>
