@@ -1,3 +1,4 @@
+#include "app/command/dump.h"
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include <pelor/version.h>
@@ -44,6 +45,7 @@ std::string Explain(const CLI::App& program, const CLI::ParseError& error) {
     sentence = "a command is needed";
   } else {
     sentence = error.what();
+    if (sentence.starts_with("Could not")) sentence.front() = 'c';
     for (char& c : sentence) {
       if (c == '\n') c = ' ';
     }
@@ -60,6 +62,7 @@ int Run(int argc, char** argv) {
       "Each command tells more: pelor COMMAND --help\n"
       "Exit codes: 0 done, 1 done with findings, 2 failed, 128 + N ended by signal N.");
   int exit_code = kDone;
+  AddDumpCommand(program, exit_code);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
