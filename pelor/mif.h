@@ -7,5 +7,7 @@
 #include <pelor/mif/keyword.h>
 #include <pelor/mif/lexis.h>
 #include <pelor/mif/object_clauses.h>
+#include <pelor/mif/reader.h>
 #include <pelor/mif/style_clauses.h>
 #include <pelor/mif/style_size.h>
+#include <pelor/mif/writer.h>
