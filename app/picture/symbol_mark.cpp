@@ -161,7 +161,7 @@ void DrawSymbol(cairo_t* cairo, const MI::Symbol& symbol, const Vanth::PointXY& 
   cairo_set_dash(cairo, nullptr, 0, 0);
   cairo_set_line_width(cairo, line);
   cairo_set_line_cap(cairo, CAIRO_LINE_CAP_BUTT);
-  cairo_set_line_join(cairo, CAIRO_LINE_JOIN_MITER);
+  cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
   cairo_stroke(cairo);
 }
 
