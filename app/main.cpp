@@ -1,4 +1,6 @@
+#include "app/command/check.h"
 #include "app/command/dump.h"
+#include "app/command/info.h"
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include <pelor/version.h>
@@ -62,6 +64,8 @@ int Run(int argc, char** argv) {
       "Each command tells more: pelor COMMAND --help\n"
       "Exit codes: 0 done, 1 done with findings, 2 failed, 128 + N ended by signal N.");
   int exit_code = kDone;
+  AddInfoCommand(program, exit_code);
+  AddCheckCommand(program, exit_code);
   AddDumpCommand(program, exit_code);
   try {
     program.parse(argc, argv);
