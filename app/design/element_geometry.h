@@ -19,6 +19,10 @@ struct Uor3 {
   std::int32_t y = 0;
   std::int32_t z = 0;  ///< 0 in 2D
 
+  [[nodiscard]] Vanth::PointXY Plan() const noexcept {
+    return {static_cast<double>(x), static_cast<double>(y)};
+  }
+
   friend bool operator==(const Uor3&, const Uor3&) = default;
 };
 
@@ -67,6 +71,10 @@ struct PlanEllipse {
   /// The point at the parameter t, in radians.
   [[nodiscard]] Vanth::PointXY At(double t) const noexcept;
   [[nodiscard]] bool IsFullTurn() const noexcept { return sweep == kFullTurn || sweep == -kFullTurn; }
+  /// Whether any of it is off this height; what rounding gives a level one does not count.
+  [[nodiscard]] bool HasHeight(double origin_z) const noexcept {
+    return z_low < origin_z - 0.5 || z_high > origin_z + 0.5;
+  }
 };
 
 /// A text (type 17).
