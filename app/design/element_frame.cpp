@@ -74,7 +74,8 @@ void ElementFrame::Begin(DGN::EType type, const ElementStyle& style) {
   if (deleted_) type_level |= kDeletedBit;
   std::uint16_t properties = (style.element_class & 15U) | kNewProperty;
   if (style.hole) properties |= kHoleProperty;
-  const unsigned symbology = (style.line_style & 7U) | (style.weight & 31U) << 3U | unsigned{style.color} << 8U;
+  const unsigned symbology =
+      (style.line_style & 7U) | (style.weight & 31U) << 3U | unsigned{style.color} << 8U;
 
   bytes_.Word(type_level);
   bytes_.Word(0);
