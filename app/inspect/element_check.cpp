@@ -61,9 +61,9 @@ void CheckVertices(const ElementView& element, const ElementReport& report) {
     if (told > room) return;
   }
   if (told < *fewest) {
-    report(
-        Severity::kWarning, "few-vertices",
-        kind + " has " + std::to_string(told) + " vertices; " + std::to_string(*fewest) + " are the least");
+    report(Severity::kWarning, "few-vertices",
+           kind + " has " + std::to_string(told) + (told == 1 ? " vertex; " : " vertices; ") +
+               std::to_string(*fewest) + " are the least");
   } else if (told > kMaxVertices) {
     report(Severity::kWarning, "many-vertices",
            kind + " has " + std::to_string(told) + " vertices; " + std::to_string(kMaxVertices) +
