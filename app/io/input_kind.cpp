@@ -161,7 +161,9 @@ fs::path FindCompanion(const fs::path& name, std::string_view extension) {
 
 Input RecogniseInput(const fs::path& name) {
   const Probe probe(name);
-  if (probe.Size() == 0) throw Failure(name.string() + " is empty");
+  // A pair whose objects have no rows has an empty MID file.
+  const bool is_rows = LowerExtension(name) == ".mid" && !FindCompanion(name, ".mif").empty();
+  if (probe.Size() == 0 && !is_rows) throw Failure(name.string() + " is empty");
   std::array<char, 256> buffer = {};
   const std::string_view begin = probe.At(0, buffer);
   if (begin.starts_with(kCompoundDocument)) {

@@ -54,6 +54,12 @@ TEST(InputKindTest, ContentCountsBeforeTheExtension) {
   EXPECT_TRUE(RecogniseInput(folder.Write("plan", Design(8, 0))).IsDesign());
 }
 
+TEST(InputKindTest, APairMayBeNamedByAnEmptyMidFile) {
+  const ScratchFolder folder;
+  const fs::path mif = folder.Write("a.mif", "Version 300\n");
+  EXPECT_EQ(RecogniseInput(folder.Write("a.mid", "")).path, mif);
+}
+
 TEST(InputKindTest, RecognisesAPairByItsFirstWordInAnyCase) {
   const ScratchFolder folder;
   EXPECT_EQ(RecogniseInput(folder.Write("a", "VERSION 300\r\n")).kind, InputKind::kPair);
