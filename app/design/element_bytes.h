@@ -46,6 +46,10 @@ class ElementBytes {
   // What stands at `position` already is replaced.
   void SetWord(std::size_t position, std::uint16_t value) { Pelor::DGN::StoreWord(&bytes_[position], value); }
   void SetLong(std::size_t position, std::int32_t value) { Pelor::DGN::StoreLong(&bytes_[position], value); }
+  /// The two characters of a unit's name, filled up with a zero byte.
+  void SetName(std::size_t position, std::string_view name) {
+    for (std::size_t i = 0; i < 2; ++i) bytes_[position + i] = i < name.size() ? name[i] : '\0';
+  }
   void SetDouble(std::size_t position, double value) {
     for (const std::uint16_t word : DFloatWords(value)) {
       SetWord(position, word);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/design/element_bytes.h"
-#include "app/design/linkages.h"
+#include "app/design/linkage_words.h"
 #include <pelor/dgn.h>
 
 #include <cstddef>

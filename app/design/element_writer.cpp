@@ -61,7 +61,7 @@ void CoverArc(ElementRange& range, const EllipseShape& shape, double from, doubl
 }  // namespace
 
 void ElementWriter::Line(const ElementStyle& style, const DGN::point2d& start, const DGN::point2d& end,
-                         const Linkages& linkages) {
+                         const LinkageWords& linkages) {
   frame_.Begin(DGN::LineType, style);
   frame_.Bytes().Point(start);
   frame_.Bytes().Point(end);
@@ -71,7 +71,7 @@ void ElementWriter::Line(const ElementStyle& style, const DGN::point2d& start, c
 }
 
 void ElementWriter::Vertices(DGN::EType type, const ElementStyle& style, std::span<const DGN::point2d> points,
-                             const Linkages& linkages) {
+                             const LinkageWords& linkages) {
   frame_.Begin(type, style);
   frame_.Bytes().Word(static_cast<std::uint16_t>(points.size()));
   frame_.Bytes().Points(points);
@@ -79,7 +79,8 @@ void ElementWriter::Vertices(DGN::EType type, const ElementStyle& style, std::sp
   frame_.End(linkages.Words());
 }
 
-void ElementWriter::Ellipse(const ElementStyle& style, const EllipseShape& shape, const Linkages& linkages) {
+void ElementWriter::Ellipse(const ElementStyle& style, const EllipseShape& shape,
+                            const LinkageWords& linkages) {
   frame_.Begin(DGN::EllipseType, style);
   ElementBytes& bytes = frame_.Bytes();
   bytes.Double(shape.primary);
@@ -91,7 +92,7 @@ void ElementWriter::Ellipse(const ElementStyle& style, const EllipseShape& shape
   frame_.End(linkages.Words());
 }
 
-void ElementWriter::Arc(const ElementStyle& style, const ArcShape& shape, const Linkages& linkages) {
+void ElementWriter::Arc(const ElementStyle& style, const ArcShape& shape, const LinkageWords& linkages) {
   const EllipseShape& ellipse = shape.ellipse;
   frame_.Begin(DGN::ArcType, style);
   ElementBytes& bytes = frame_.Bytes();
@@ -109,7 +110,7 @@ void ElementWriter::Arc(const ElementStyle& style, const ArcShape& shape, const 
 }
 
 void ElementWriter::Text(const ElementStyle& style, const TextShape& shape, const DGN::point2d& origin,
-                         std::string_view text, const Linkages& linkages) {
+                         std::string_view text, const LinkageWords& linkages) {
   frame_.Begin(DGN::TextType, style);
   ElementBytes& bytes = frame_.Bytes();
   bytes.Byte(shape.font);
@@ -136,14 +137,14 @@ void ElementWriter::Text(const ElementStyle& style, const TextShape& shape, cons
   frame_.End(linkages.Words());
 }
 
-void ElementWriter::BeginComplex(DGN::EType type, const ElementStyle& style, const Linkages& linkages) {
+void ElementWriter::BeginComplex(DGN::EType type, const ElementStyle& style, const LinkageWords& linkages) {
   frame_.Begin(type, style);
   frame_.Bytes().Zeros(4);
   frame_.EndHeader(linkages.Words(), {.length = 36, .count = 38});
 }
 
 void ElementWriter::BeginCell(const ElementStyle& style, std::string_view name, const DGN::point2d& origin,
-                              const Linkages& linkages) {
+                              const LinkageWords& linkages) {
   std::uint16_t packed[2] = {0, 0};
   unsigned packed_words = 2;
   const std::string_view packable = name.substr(0, 6);
@@ -164,7 +165,7 @@ void ElementWriter::BeginCell(const ElementStyle& style, std::string_view name, 
 
 void ElementWriter::BeginTextNode(const ElementStyle& style, const TextShape& shape,
                                   const DGN::point2d& origin, std::int32_t spacing, std::size_t longest,
-                                  const Linkages& linkages) {
+                                  const LinkageWords& linkages) {
   const auto length = static_cast<std::uint8_t>(std::min(longest, kMaxCharacters));
   frame_.Begin(DGN::TextNodeType, style);
   ElementBytes& bytes = frame_.Bytes();

@@ -55,25 +55,25 @@ class ElementWriter {
   [[nodiscard]] ElementFrame& Frame() noexcept { return frame_; }
 
   void Line(const ElementStyle& style, const Pelor::DGN::point2d& start, const Pelor::DGN::point2d& end,
-            const Linkages& linkages);
+            const LinkageWords& linkages);
   /// A line string, shape, curve or point string of at most `kMaxVertices` points.
   void Vertices(Pelor::DGN::EType type, const ElementStyle& style,
-                std::span<const Pelor::DGN::point2d> points, const Linkages& linkages);
-  void Ellipse(const ElementStyle& style, const EllipseShape& shape, const Linkages& linkages);
-  void Arc(const ElementStyle& style, const ArcShape& shape, const Linkages& linkages);
+                std::span<const Pelor::DGN::point2d> points, const LinkageWords& linkages);
+  void Ellipse(const ElementStyle& style, const EllipseShape& shape, const LinkageWords& linkages);
+  void Arc(const ElementStyle& style, const ArcShape& shape, const LinkageWords& linkages);
   /// `origin` is the lower left corner, whatever the justification; `text` has at most `kMaxCharacters`
   /// bytes.
   void Text(const ElementStyle& style, const TextShape& shape, const Pelor::DGN::point2d& origin,
-            std::string_view text, const Linkages& linkages);
+            std::string_view text, const LinkageWords& linkages);
 
   /// A chain or a complex shape; its components begin where the one before ends.
-  void BeginComplex(Pelor::DGN::EType type, const ElementStyle& style, const Linkages& linkages);
+  void BeginComplex(Pelor::DGN::EType type, const ElementStyle& style, const LinkageWords& linkages);
   /// A cell that is neither scaled nor turned. `name` has up to six letters, digits, blanks, '&' and '.'.
   void BeginCell(const ElementStyle& style, std::string_view name, const Pelor::DGN::point2d& origin,
-                 const Linkages& linkages);
+                 const LinkageWords& linkages);
   /// `spacing` is the room between two lines, `longest` the bytes of the longest one.
   void BeginTextNode(const ElementStyle& style, const TextShape& shape, const Pelor::DGN::point2d& origin,
-                     std::int32_t spacing, std::size_t longest, const Linkages& linkages);
+                     std::int32_t spacing, std::size_t longest, const LinkageWords& linkages);
   void End() { frame_.EndComplex(); }
 
  private:

@@ -79,7 +79,7 @@ TEST(DesignCheckTest, FindsNothingInWhatTheProgramWrites) {
   ElementBytes bytes;
   ElementWriter writer(bytes);
   const ElementStyle style;
-  Linkages linkages;
+  LinkageWords linkages;
   linkages.AddDatabase(1, 7);
   linkages.AddFill(3);
   const std::vector<DGN::point2d> ring = {{0, 0}, {100, 0}, {100, 100}, {0, 0}};

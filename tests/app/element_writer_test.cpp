@@ -109,7 +109,7 @@ TEST(ElementWriterTest, WritesTheBitsOfTheStyle) {
 }
 
 TEST(ElementWriterTest, WritesVerticesWithLinkages) {
-  Linkages linkages;
+  LinkageWords linkages;
   linkages.AddDatabase(1, 0x00012345);
   linkages.AddFill(6);
   Written written;
@@ -209,7 +209,7 @@ TEST(ElementWriterTest, TextRangesFollowTheRotation) {
 }
 
 TEST(ElementWriterTest, WritesAComplexChain) {
-  Linkages linkages;
+  LinkageWords linkages;
   linkages.AddDatabase(1, 9);
   Written written;
   written->BeginComplex(DGN::ComplexStringType, {}, linkages);
@@ -288,7 +288,7 @@ TEST(ElementWriterTest, WritesATextNode) {
 }
 
 TEST(ElementWriterTest, TheLibraryReadsBackWhatWasWritten) {
-  Linkages linkages;
+  LinkageWords linkages;
   linkages.AddDatabase(1, 70000);
   Written written;
   written->Vertices(DGN::LineStringType, {.weight = 3}, Staircase(101), linkages);

@@ -8,7 +8,7 @@
 namespace App {
 
 /// The attribute linkages that an element is written with.
-class Linkages {
+class LinkageWords {
  public:
   /// Ties the element to the row `key` of the database table `entity`.
   void AddDatabase(std::uint16_t entity, std::uint32_t key) noexcept {
