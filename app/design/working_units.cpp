@@ -1,0 +1,199 @@
+#include "app/design/working_units.h"
+
+#include "app/io/failure.h"
+#include <pelor/base.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace App {
+
+namespace MI = Pelor::MI;
+
+namespace {
+
+/// Both ends of the design plane, in units of resolution.
+constexpr double kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr double kHighest = std::numeric_limits<std::int32_t>::max();
+
+/// Significant digits of a printed coordinate.
+constexpr int kDigits = 10;
+/// The count of units of resolution per master unit is a long in all programs.
+constexpr int kLargestPower = 9;
+constexpr std::int32_t kSubsPerMaster = 1000;
+
+struct NamesRow {
+  MI::Units units;
+  const char* master;
+  const char* sub;
+};
+constexpr NamesRow kNames[] = {
+    {MI::Units_deg, "dg", "md"}, {MI::Units_mi, "mi", "th"},       {MI::Units_km, "km", "m"},
+    {MI::Units_in, "in", "th"},  {MI::Units_ft, "ft", "th"},       {MI::Units_yd, "yd", "th"},
+    {MI::Units_mm, "mm", "um"},  {MI::Units_cm, "cm", "th"},       {MI::Units_m, "m", "mm"},
+    {MI::Units_nmi, "nm", "th"}, {MI::Units_SurveyFt, "sf", "th"}, {MI::Units_li, "li", "th"},
+    {MI::Units_ch, "ch", "th"},  {MI::Units_rd, "rd", "th"},
+};
+
+double LargestCoordinate(const Vanth::BoundsXY& extent) {
+  return std::max(std::max(std::fabs(extent.Min().x), std::fabs(extent.Max().x)),
+                  std::max(std::fabs(extent.Min().y), std::fabs(extent.Max().y)));
+}
+
+/// The power of ten of the units of resolution per master unit that keep a tenth of the last digit.
+int WantedPower(const Vanth::BoundsXY& extent) {
+  const double largest = LargestCoordinate(extent);
+  if (!(largest > 0)) return 3;
+  return kDigits - static_cast<int>(std::floor(std::log10(largest)));
+}
+
+bool Fits(double low, double high, double uors_per_master, double origin) {
+  return low * uors_per_master + origin >= kLowest && high * uors_per_master + origin <= kHighest;
+}
+
+/// The origin, in units of resolution, that brings both ends of an axis onto the plane, its middle at the
+/// roundest coordinate that does.
+std::optional<double> Place(double low, double high, double uors_per_master) {
+  if (Fits(low, high, uors_per_master, 0)) return 0;
+  const double middle = low / 2 + high / 2;
+  if (middle == 0) return std::nullopt;
+  const int largest = static_cast<int>(std::floor(std::log10(std::fabs(middle)))) + 1;
+  const int smallest = -static_cast<int>(std::lround(std::log10(uors_per_master)));
+  for (int power = largest; power >= smallest; --power) {
+    const double step = std::pow(10.0, power);
+    const double origin = -std::round(std::round(middle / step) * step * uors_per_master);
+    if (Fits(low, high, uors_per_master, origin)) return origin;
+  }
+  return std::nullopt;
+}
+
+void SetUorsPerMaster(WorkingUnits& units, std::int32_t uors_per_master, const UnitNames& names) {
+  const bool has_subs = uors_per_master % kSubsPerMaster == 0;
+  units.subs_per_master = has_subs ? kSubsPerMaster : 1;
+  units.uors_per_sub = uors_per_master / units.subs_per_master;
+  units.master_name = names.master;
+  units.sub_name = has_subs ? names.sub : names.master;
+}
+
+bool SetOrigin(WorkingUnits& units, const Vanth::BoundsXY& extent, const UnitChoice& choice) {
+  const double scale = units.UorsPerMaster();
+  if (choice.middle) {
+    units.origin_x = -std::round(choice.middle->x * scale);
+    units.origin_y = -std::round(choice.middle->y * scale);
+    return Fits(extent.Min().x, extent.Max().x, scale, units.origin_x) &&
+           Fits(extent.Min().y, extent.Max().y, scale, units.origin_y);
+  }
+  const std::optional<double> x = Place(extent.Min().x, extent.Max().x, scale);
+  const std::optional<double> y = Place(extent.Min().y, extent.Max().y, scale);
+  units.origin_x = x.value_or(0);
+  units.origin_y = y.value_or(0);
+  return x && y;
+}
+
+std::string Describe(const Vanth::BoundsXY& extent, const std::string& unit) {
+  return PrintedNumber(extent.Min().x) + " to " + PrintedNumber(extent.Max().x) + " by " +
+         PrintedNumber(extent.Min().y) + " to " + PrintedNumber(extent.Max().y) + " " + unit;
+}
+
+std::string PlaneAxis(double uors_per_master, double origin) {
+  return PrintedNumber((kLowest - origin) / uors_per_master) + " to " +
+         PrintedNumber((kHighest - origin) / uors_per_master);
+}
+
+[[noreturn]] void ThrowDoesNotFit(const WorkingUnits& units, const Vanth::BoundsXY& extent) {
+  const double scale = units.UorsPerMaster();
+  throw Failure("the extent of the map, " + Describe(extent, units.master_name) + ", does not fit: at " +
+                PrintedNumber(scale) + " units of resolution per " + units.master_name +
+                " the design plane reaches from " + PlaneAxis(scale, units.origin_x) + " by " +
+                PlaneAxis(scale, units.origin_y) + " " + units.master_name);
+}
+
+}  // namespace
+
+std::string PrintedNumber(double value) {
+  std::array<char, Tobri::kGeneralSize> text{};
+  return {text.data(), Tobri::FormatGeneral(text.data(), value, kDigits)};
+}
+
+UnitNames NamesOf(const Tobri::IRefC<MI::CoordSys>& system) {
+  const MI::Units units = system ? system->units : MI::Units_Unknown;
+  for (const NamesRow& row : kNames) {
+    if (row.units == units) return {row.master, row.sub};
+  }
+  return {"mu", "su"};
+}
+
+UnitNames ParseUnitNames(std::string_view text) {
+  const std::size_t comma = text.find(',');
+  UnitNames names;
+  names.master = text.substr(0, comma);
+  names.sub = comma == std::string_view::npos ? "su" : text.substr(comma + 1);
+  for (const std::string& name : {names.master, names.sub}) {
+    const bool is_ascii = std::all_of(name.begin(), name.end(), [](char c) { return c > ' ' && c <= '~'; });
+    if (name.empty() || name.size() > 2 || !is_ascii) {
+      throw Failure("\"" + std::string(text) +
+                    "\" names no units; give one or two letters for the master unit and, behind a comma, for "
+                    "the sub-unit, as in m,mm");
+    }
+  }
+  return names;
+}
+
+WorkingUnits ChooseUnits(const Vanth::BoundsXY& given_extent, const UnitNames& names,
+                         const UnitChoice& choice) {
+  const Vanth::BoundsXY extent = given_extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : given_extent;
+  const UnitNames& used_names = choice.names ? *choice.names : names;
+  WorkingUnits units;
+  if (choice.uors_per_master) {
+    SetUorsPerMaster(units, *choice.uors_per_master, used_names);
+    if (!SetOrigin(units, extent, choice)) ThrowDoesNotFit(units, extent);
+    return units;
+  }
+  for (int power = std::clamp(WantedPower(extent), 0, kLargestPower); power >= 0; --power) {
+    SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), used_names);
+    if (SetOrigin(units, extent, choice)) return units;
+  }
+  ThrowDoesNotFit(units, extent);
+}
+
+WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
+  WorkingUnits changed = units;
+  if (choice.uors_per_master) {
+    if (*choice.uors_per_master % units.subs_per_master == 0) {
+      changed.uors_per_sub = *choice.uors_per_master / units.subs_per_master;
+    } else {
+      SetUorsPerMaster(changed, *choice.uors_per_master, {units.master_name, units.sub_name});
+    }
+    const double factor = changed.UorsPerMaster() / units.UorsPerMaster();
+    changed.origin_x = std::round(units.origin_x * factor);
+    changed.origin_y = std::round(units.origin_y * factor);
+  }
+  if (choice.names) {
+    changed.master_name = choice.names->master;
+    changed.sub_name = choice.names->sub;
+  }
+  if (choice.middle) {
+    changed.origin_x = -std::round(choice.middle->x * changed.UorsPerMaster());
+    changed.origin_y = -std::round(choice.middle->y * changed.UorsPerMaster());
+  }
+  return changed;
+}
+
+bool KeepsAllDigits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {
+  if (extent.IsEmpty() || LargestCoordinate(extent) == 0) return true;
+  // The logarithm of a power of ten is exact, or below it by a rounding.
+  return std::log10(units.UorsPerMaster()) > WantedPower(extent) - 1e-9;
+}
+
+void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {
+  if (extent.IsEmpty()) return;
+  const double scale = units.UorsPerMaster();
+  if (!Fits(extent.Min().x, extent.Max().x, scale, units.origin_x) ||
+      !Fits(extent.Min().y, extent.Max().y, scale, units.origin_y)) {
+    ThrowDoesNotFit(units, extent);
+  }
+}
+
+}  // namespace App

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <pelor/dgn.h>
+#include <pelor/mi.h>
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace App {
+
+/// The units of a design and where its plane lies on the map: a coordinate c, in master units, is stored as
+/// c * uors per master + origin.
+struct WorkingUnits {
+  std::int32_t subs_per_master = 1000;
+  std::int32_t uors_per_sub = 1;
+  std::string master_name = "m";  ///< one or two characters
+  std::string sub_name = "mm";
+  double origin_x = 0.0;  ///< in units of resolution
+  double origin_y = 0.0;
+
+  [[nodiscard]] double UorsPerMaster() const noexcept {
+    return static_cast<double>(subs_per_master) * static_cast<double>(uors_per_sub);
+  }
+  [[nodiscard]] double X(double x) const noexcept { return x * UorsPerMaster() + origin_x; }
+  [[nodiscard]] double Y(double y) const noexcept { return y * UorsPerMaster() + origin_y; }
+};
+
+/// A number as coordinates are printed, with ten significant digits at most.
+[[nodiscard]] std::string PrintedNumber(double value);
+
+/// Both names of the units that the coordinates of a map are in.
+struct UnitNames {
+  std::string master;
+  std::string sub;  ///< a thousandth of the master unit
+};
+/// By the map's coordinate system, which may be null.
+[[nodiscard]] UnitNames NamesOf(const Tobri::IRefC<Pelor::MI::CoordSys>& system);
+/// Of "MASTER" or "MASTER,SUB", each one or two ASCII characters. Throws `Failure` for other texts.
+[[nodiscard]] UnitNames ParseUnitNames(std::string_view text);
+
+/// What the user wants of the units; the rest is chosen.
+struct UnitChoice {
+  std::optional<std::int32_t> uors_per_master;  ///< positive
+  std::optional<UnitNames> names;
+  /// The map coordinates that stand in the middle of the design plane.
+  std::optional<Vanth::PointXY> middle;
+};
+
+/// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten:
+/// where there is room, a tenth of the last of the ten significant digits with which the largest coordinate
+/// is printed, else as fine as the extent allows. The plane is moved, by a round number, only when the extent
+/// needs it. Throws `Failure`, with the numbers, when the extent cannot fit.
+[[nodiscard]] WorkingUnits ChooseUnits(const Vanth::BoundsXY& extent, const UnitNames& names,
+                                       const UnitChoice& choice);
+
+/// Units as a design has them already, changed to what `choice` says.
+[[nodiscard]] WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice);
+
+/// Whether the units keep a tenth of the last of ten significant digits of every coordinate of the extent.
+[[nodiscard]] bool KeepsAllDigits(const WorkingUnits& units, const Vanth::BoundsXY& extent);
+
+/// Throws `Failure`, with the numbers, when the extent does not lie on the plane.
+void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent);
+
+}  // namespace App
