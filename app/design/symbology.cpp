@@ -83,6 +83,10 @@ MI::StdSymbol MakePointSymbol(const Symbology& symbology, const ColorTable& colo
   return symbol;
 }
 
+int PointWeight(const MI::Symbol& symbol) noexcept {
+  return std::clamp(symbol.GetSize(MI::SLUnits_Point), kSmallestDot, kSmallestDot + kHeaviest) - kSmallestDot;
+}
+
 MI::StdSymbol MakeCellSymbol(const Symbology& symbology, const ColorTable& colors) noexcept {
   MI::StdSymbol symbol;
   symbol.shape = kSquare;

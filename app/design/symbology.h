@@ -41,6 +41,8 @@ struct Symbology {
 /// A dot of the element's colour that grows with its weight.
 [[nodiscard]] Pelor::MI::StdSymbol MakePointSymbol(const Symbology& symbology,
                                                    const ColorTable& colors) noexcept;
+/// The weight whose dot is closest to the size of a symbol.
+[[nodiscard]] int PointWeight(const Pelor::MI::Symbol& symbol) noexcept;
 /// What marks the origin of a cell.
 [[nodiscard]] Pelor::MI::StdSymbol MakeCellSymbol(const Symbology& symbology,
                                                   const ColorTable& colors) noexcept;

@@ -1,0 +1,461 @@
+#include "app/design/color_table.h"
+#include "app/design/design_header.h"
+#include "app/design/linkage.h"
+#include <pelor/dgn.h>
+#include <pelor/mi.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tests/app/design_conversion.h>
+#include <tests/app/failure_text.h>
+#include <tests/dgn/words.h>
+
+namespace App {
+namespace {
+
+namespace DGN = Pelor::DGN;
+namespace MI = Pelor::MI;
+using dgn_test::InWords;
+using dgn_test::Words;
+using Object = DesignConversion::Object;
+
+constexpr MI::Color kRed = 0x0000FF;
+constexpr MI::Color kBlue = 0xFF0000;
+
+std::string Tidy(std::string_view words) {
+  return InWords(Words(words));
+}
+std::string InWords(const ElementView& element) {
+  return InWords(std::string_view(element.Bytes().data(), element.Bytes().size()));
+}
+
+Object Point(double x, double y, const MI::Symbol& symbol = {}) {
+  return MI::WPointObj({x, y}, nullptr, symbol);
+}
+Object Line(double x1, double y1, double x2, double y2, const MI::Pen& pen = {}) {
+  return MI::WLineObj({x1, y1}, {x2, y2}, nullptr, pen);
+}
+
+using Parts = std::vector<std::vector<Vanth::PointXY>>;
+
+MI::WPLineObj PLine(const Parts& parts, bool smooth = false, const MI::Pen& pen = {}) {
+  MI::WPLineObj pline(nullptr, pen, smooth);
+  for (const auto& part : parts) {
+    pline->AddPart();
+    for (const Vanth::PointXY& vertex : part) pline->AddVertex(vertex);
+  }
+  return pline;
+}
+Object Region(const Parts& rings, const MI::Brush& brush = {1, 0, -1}) {
+  return MI::WRegionObj(PLine(rings), brush);
+}
+
+/// What an element of the first row begins and ends with, at 100 units of resolution to the metre.
+const std::string kFirstRow = " 1007 5E62 0F81 0001 0001 0000 0000 0000";
+
+TEST(DesignSinkTest, WritesAWholeDesignFile) {
+  DesignConversion conversion;
+  conversion.Add(Point(1, 2)).Run();
+  EXPECT_EQ(conversion.Bytes().size() % 512, 0U);
+  const std::vector<ElementView> elements = conversion.Elements();
+  ASSERT_EQ(elements.size(), 3U);
+  const DesignHeader header = DesignHeader::Decode(elements[0].Bytes());
+  EXPECT_EQ(header.UorsPerMaster(), 100.0);
+  EXPECT_EQ(header.master_name, "m");
+  EXPECT_EQ(header.origin[0], 0.0);
+  EXPECT_EQ(elements[1].Type(), DGN::GroupType);
+  const std::size_t end = 1536 + 806 + elements[2].Bytes().size();
+  EXPECT_EQ(InWords(std::string_view(conversion.Bytes()).substr(end, 4)), "FFFF 0000");
+  EXPECT_EQ(conversion.folder.Names(), (std::set<std::string>{"map.csv", "map.dgn"}));
+}
+
+TEST(DesignSinkTest, WritesAPointAsALineWithoutLength) {
+  DesignConversion conversion;
+  conversion.Add(Point(1, -2, MI::Symbol(MI::StdSymbol{34, kRed, 9, MI::SLUnits_Point}))).Run();
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)),
+            Tidy("0301 0020 8000 0064 7FFF FF38 8000 0000 8000 0064 7FFF FF38 8000 0000"
+                 " 0000 000A 0A00 0328 0000 0064 FFFF FF38 0000 0064 FFFF FF38" +
+                 kFirstRow));
+}
+
+TEST(DesignSinkTest, WritesALineWithItsPen) {
+  DesignConversion conversion;
+  conversion.Add(Line(0, 0, 0.004, 0.005, {3, 8, kRed, MI::SLUnits_Pixel, false})).Run();
+  // Halves of a unit round up.
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)),
+            Tidy("0301 0020 8000 0000 8000 0000 8000 0000 8000 0000 8000 0001 8000 0000"
+                 " 0000 000A 0A00 0313 0000 0000 0000 0000 0000 0000 0000 0001" +
+                 kFirstRow));
+}
+
+TEST(DesignSinkTest, WritesAPolylineOfOnePartWithoutAGraphicGroup) {
+  DesignConversion conversion;
+  conversion.Add(PLine({{{0, 0}, {1, 1}}})).Run();
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)),
+            Tidy("0401 0021 8000 0000 8000 0000 8000 0000 8000 0064 8000 0064 8000 0000"
+                 " 0000 000B 0A00 0000 0002 0000 0000 0000 0000 0000 0064 0000 0064" +
+                 kFirstRow));
+}
+
+TEST(DesignSinkTest, JoinsTheLinesOfAMultiPartPolylineInAGraphicGroup) {
+  DesignConversion conversion;
+  conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}, {3, 3}}}));
+  conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}, {3, 3}}, {{5, 5}, {6, 6}, {7, 5}}}));
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 5U);
+  const std::uint16_t groups[] = {1, 1, 2, 2, 2};
+  const std::uint32_t keys[] = {1, 1, 2, 2, 2};
+  for (std::size_t i = 0; i < 5; ++i) {
+    EXPECT_EQ(drawing[i].Type(), DGN::LineStringType);
+    EXPECT_EQ(drawing[i].Header().graphic_group, groups[i]);
+    EXPECT_EQ(ReadLinkages(drawing[i].Attributes()).database, (DatabaseKey{1, keys[i]}));
+  }
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+}
+
+TEST(DesignSinkTest, WritesASmoothPolylineAsACurve) {
+  DesignConversion conversion;
+  conversion.Add(PLine({{{0, 0}, {1, 0}, {1, 2}}}, true)).Run();
+  // Two points before the first and two behind the last go on in the same direction.
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)).substr(0, 5 * 47),
+            Tidy("0B01 0035 7FFF FF38 8000 0000 8000 0000 8000 0064 8000 0258 8000 0000"
+                 " 0000 001F 0A00 0000 0007"
+                 " FFFF FF38 0000 0000 FFFF FF9C 0000 0000"
+                 " 0000 0000 0000 0000 0000 0064 0000 0000 0000 0064 0000 00C8"
+                 " 0000 0064 0000 0190 0000 0064 0000 0258") +
+                " ");
+}
+
+TEST(DesignSinkTest, LeavesOutPartsThatAreNoLines) {
+  DesignConversion conversion;
+  conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}}}));
+  conversion.Add(PLine({{{2, 2}}}));
+  conversion.Add(PLine({}));
+  conversion.Add(Region({{{0, 0}, {1, 1}}}));
+  conversion.Run();
+  EXPECT_EQ(conversion.Drawing().size(), 1U);
+  const Account::Kind& kind = conversion.account.GetKinds().at("object");
+  EXPECT_EQ(kind.written, 1);
+  EXPECT_EQ(kind.approximation_reasons.at("part of too few vertices left out").count, 1);
+  EXPECT_EQ(kind.skip_reasons.at("too few vertices").count, 3);
+  // Their rows stay.
+  EXPECT_EQ(conversion.Table(), "mslink\r\n1\r\n2\r\n3\r\n4\r\n");
+}
+
+TEST(DesignSinkTest, WritesARegionAsAShapeWithItsFill) {
+  DesignConversion conversion;
+  conversion.Add(Region({{{0, 0}, {1, 0}, {1, 1}}}, {2, kBlue, -1})).Run();
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)),
+            Tidy("0601 0031 8000 0000 8000 0000 8000 0000 8000 0064 8000 0064 8000 0000"
+                 " 0000 0013 0A00 0000 0004 0000 0000 0000 0000 0000 0064 0000 0000"
+                 " 0000 0064 0000 0064 0000 0000 0000 0000" +
+                 kFirstRow + " 1007 0041 0802 0001 0001 0000 0000 0000"));
+}
+
+TEST(DesignSinkTest, GathersARegionsRingsAsHolesUnderAnUnnamedCell) {
+  DesignConversion conversion;
+  conversion.Add(
+      Region({{{0, 0}, {9, 0}, {9, 9}}, {{5, 1}, {6, 1}, {6, 2}}, {{7, 1}, {8, 1}, {8, 2}}}, {2, kRed, -1}));
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 4U);
+  EXPECT_EQ(drawing[0].Type(), DGN::CellHeaderType);
+  EXPECT_FALSE(drawing[0].Header().IsComponent());
+  // Unnamed; 27 words of the head, its linkage, and three shapes of 35 words with four linkages in all.
+  EXPECT_EQ(InWords(drawing[0]).substr(5 * 18, 14), Tidy("00AC 0000 0000"));
+  EXPECT_EQ(ReadLinkages(drawing[0].Attributes()).database, (DatabaseKey{1, 1}));
+  for (std::size_t i = 1; i < 4; ++i) {
+    EXPECT_EQ(drawing[i].Type(), DGN::ShapeType);
+    EXPECT_TRUE(drawing[i].Header().IsComponent());
+    EXPECT_EQ(drawing[i].Header().properties, i == 1 ? 0x0A00 : 0x8A00);
+    const LinkageFacts facts = ReadLinkages(drawing[i].Attributes());
+    EXPECT_EQ(facts.database, (DatabaseKey{1, 1}));
+    EXPECT_EQ(facts.fill_color.has_value(), i == 1);
+  }
+  EXPECT_EQ(drawing[0].Header().range, (DGN::CoordsRange(0, 0, 0, 900, 900, 0)));
+}
+
+TEST(DesignSinkTest, WritesRectanglesEllipsesAndArcs) {
+  DesignConversion conversion;
+  conversion.Add(MI::WRectObj({3, 2, 1, 1}, nullptr, {}, {1, 0, -1}));
+  conversion.Add(MI::WEllipseObj({-10000, 4, 10000, 9}, nullptr, {}, {2, kRed, -1}));
+  conversion.Add(MI::WArcObj({-1, -0.5, 1, 0.5}, Vanth::Angle(350, Vanth::Angle::Degrees),
+                             Vanth::Angle(10, Vanth::Angle::Degrees), nullptr, {}));
+  conversion.Add(MI::WArcObj({-1, -1, 1, 1}, Vanth::Angle(90, Vanth::Angle::Degrees),
+                             Vanth::Angle(90, Vanth::Angle::Degrees), nullptr, {}));
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 4U);
+  EXPECT_EQ(InWords(drawing[0]).substr(5 * 18, 5 * 21 - 1),
+            Tidy("0005 0000 012C 0000 00C8 0000 0064 0000 00C8 0000 0064 0000 0064 0000 012C 0000 0064"
+                 " 0000 012C 0000 00C8"));
+  // The axes 1000000 and 250, not turned, the centre at (0, 650).
+  EXPECT_EQ(
+      InWords(drawing[1]).substr(5 * 18, 5 * 18 - 1),
+      Tidy("4A74 2400 0000 0000 447A 0000 0000 0000 0000 0000 0000 0000 0000 0000 4522 8000 0000 0000"));
+  EXPECT_EQ(ReadLinkages(drawing[1].Attributes()).fill_color, 3);
+  EXPECT_EQ(drawing[2].Type(), DGN::ArcType);
+  EXPECT_EQ(InWords(drawing[2]).substr(5 * 18, 19), Tidy("0782 9B80 006D DD00"));
+  EXPECT_EQ(drawing[2].Header().range, (DGN::CoordsRange(98, -9, 0, 100, 9, 0)));
+  EXPECT_EQ(InWords(drawing[3]).substr(5 * 18, 19), Tidy("01EE 6280 07B9 8A00"));
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+}
+
+TEST(DesignSinkTest, FlattensRoundedRectangles) {
+  DesignConversion conversion;
+  conversion.options.tolerance = 0.1;
+  conversion.Add(MI::WRRectObj({0, 0, 10, 20}, 4, nullptr, {}, {1, 0, -1})).Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 1U);
+  EXPECT_EQ(drawing[0].Type(), DGN::ShapeType);
+  EXPECT_EQ(drawing[0].Header().range, (DGN::CoordsRange(0, 0, 0, 1000, 2000, 0)));
+  // A quarter takes two chords and more at this tolerance, far from a hundred.
+  EXPECT_GT(drawing[0].Word(36), 12);
+  EXPECT_LT(drawing[0].Word(36), 30);
+  EXPECT_EQ(
+      conversion.account.GetKinds().at("object").approximation_reasons.at("rounded corners flattened").count,
+      1);
+}
+
+MI::WTextObj Text(const char* text, const Vanth::RectXY& box, double degrees = 0) {
+  MI::WTextObj object(text, box, nullptr, MI::Font());
+  object->SetAngle(Vanth::Angle(degrees, Vanth::Angle::Degrees));
+  return object;
+}
+
+TEST(DesignSinkTest, WritesATextFromItsBox) {
+  DesignConversion conversion;
+  conversion.Add(Text("Town", {1, 2, 13, 5})).Run();
+  // Characters of 300 by 300 units of resolution, their feet at (100, 200).
+  EXPECT_EQ(
+      InWords(conversion.Drawing().at(0)),
+      Tidy("1101 0026 8000 0064 8000 00C8 8000 0000 8000 0514 8000 01F4 8000 0000"
+           " 0000 0010 0A00 0000 0201 0000 C350 0000 C350 0000 0000 0000 0064 0000 00C8 0004 6F54 6E77" +
+           kFirstRow));
+}
+
+TEST(DesignSinkTest, TurnsATextAboutTheUpperLeftCornerOfItsBox) {
+  DesignConversion conversion;
+  conversion.Add(Text("Town", {1, 2, 13, 5}, 90)).Run();
+  const ElementView text = conversion.Drawing().at(0);
+  // The corner (1, 5) stays; the feet of the text turn from below it to its right.
+  EXPECT_EQ(text.Long(46), 90 * 360000);
+  EXPECT_EQ(text.Long(50), 400);
+  EXPECT_EQ(text.Long(54), 500);
+  EXPECT_EQ(text.Header().range, (DGN::CoordsRange(100, 500, 0, 400, 1700, 0)));
+}
+
+TEST(DesignSinkTest, WritesTheLinesOfATextAsATextNode) {
+  for (const char* lines : {"first\\n2nd\\nlast!", "first\n2nd\r\nlast!"}) {
+    DesignConversion conversion;
+    const MI::WTextObj object = Text(lines, {0, 0, 10, 6});
+    object->SetJustification(2);
+    conversion.Add(object).Run();
+    const std::vector<ElementView> drawing = conversion.Drawing();
+    ASSERT_EQ(drawing.size(), 4U);
+    EXPECT_EQ(drawing[0].Type(), DGN::TextNodeType);
+    EXPECT_EQ(drawing[0].Word(38), 3);
+    EXPECT_EQ(ReadLinkages(drawing[0].Attributes()).database, (DatabaseKey{1, 1}));
+    const int left[] = {0, 400, 0};
+    for (int i = 0; i < 3; ++i) {
+      const ElementView& line = drawing[static_cast<std::size_t>(i) + 1];
+      EXPECT_TRUE(line.Header().IsComponent());
+      EXPECT_EQ(line.Byte(37), 14) << "bottom, right";
+      EXPECT_EQ(line.Long(42), 33333) << "200 units of resolution high";
+      EXPECT_EQ(line.Long(50), left[i]);
+      EXPECT_EQ(line.Long(54), 400 - 200 * i);
+    }
+  }
+}
+
+TEST(DesignSinkTest, SpreadsLinesBySpacing) {
+  DesignConversion conversion;
+  const MI::WTextObj object = Text("a\\nb", {0, 0, 10, 6});
+  object->SetSpacing(2);
+  conversion.Add(object).Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  EXPECT_EQ(drawing.at(0).Long(46), 200) << "room between the lines";
+  EXPECT_EQ(drawing.at(1).Long(54), 400);
+  EXPECT_EQ(drawing.at(2).Long(54), 0);
+}
+
+TEST(DesignSinkTest, ConvertsTextsToTheCharacterSet) {
+  DesignConversion conversion;
+  conversion.Add(Text("Z\xC3\xBCrich", {0, 0, 6, 1}));
+  conversion.Add(Text("\xE4\xB8\xADZ", {0, 0, 2, 1}));
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  EXPECT_EQ(drawing.at(0).Byte(58), 6);
+  EXPECT_EQ(drawing.at(0).Byte(61), 0xFC);
+  EXPECT_EQ(drawing.at(1).Byte(58), 2);
+  EXPECT_EQ(drawing.at(1).Byte(60), '?');
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("characters that the character set lacks").places.at(0).number, 2);
+}
+
+TEST(DesignSinkTest, CutsLongLinesOfTextIntoElementsAndVeryLongTexts) {
+  DesignConversion conversion;
+  conversion.Add(Text(std::string(300, 'x').c_str(), {0, 0, 300, 1}));
+  conversion.Add(Text(std::string(5000, 'x').c_str(), {0, 0, 300, 1}));
+  conversion.Add(Text("", {0, 0, 300, 1}));
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 3U + 1U + 8U);
+  EXPECT_EQ(drawing[0].Type(), DGN::TextNodeType);
+  EXPECT_EQ(drawing[1].Byte(58), 255);
+  EXPECT_EQ(drawing[2].Byte(58), 45);
+  EXPECT_EQ(drawing[2].Long(50), 25500);
+  const Account::Kind& kind = conversion.account.GetKinds().at("object");
+  EXPECT_EQ(kind.approximation_reasons.at("text cut at the end").count, 1);
+  EXPECT_EQ(kind.skip_reasons.at("a text without characters").count, 1);
+}
+
+TEST(DesignSinkTest, SaysWhatATextLoses) {
+  DesignConversion conversion;
+  conversion.options.units.uors_per_master = 1000000;
+  MI::WTextObj labelled = Text("a", {0, 0, 1, 1});
+  labelled->SetLabelKind(1);
+  conversion.Add(labelled);
+  conversion.Add(Text("a", {0, 0, 1, 20}));
+  conversion.Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("label line left out").places.at(0).number, 1);
+  EXPECT_EQ(reasons.at("text larger than the units allow").places.at(0).number, 2);
+  EXPECT_EQ(conversion.Drawing().at(1).Long(42), 2147483647);
+}
+
+TEST(DesignSinkTest, SaysWhatStylesLose) {
+  DesignConversion conversion;
+  conversion.Add(Line(0, 0, 1, 1, {1, 1, 0, MI::SLUnits_Pixel, false}));
+  conversion.Add(Region({{{0, 0}, {1, 0}, {1, 1}}}, {5, kRed, -1}));
+  conversion.Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("invisible pen drawn").places.at(0).number, 1);
+  EXPECT_EQ(reasons.at("fill pattern left out").places.at(0).number, 2);
+  EXPECT_FALSE(ReadLinkages(conversion.Drawing().at(1).Attributes()).fill_color.has_value());
+}
+
+TEST(DesignSinkTest, HidesTheBorderOfAnAreaWithoutOne) {
+  DesignConversion conversion;
+  conversion.Add(MI::WRectObj({0, 0, 1, 1}, nullptr, {1, 1, 0, MI::SLUnits_Pixel, false}, {2, kRed, -1}))
+      .Run();
+  EXPECT_EQ(conversion.Drawing().at(0).Header().Color(), 3U);
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+}
+
+TEST(DesignSinkTest, WritesTheColorsThatWereUsed) {
+  DesignConversion conversion;
+  conversion.Add(Line(0, 0, 1, 1, {1, 2, 0x112233, MI::SLUnits_Pixel, false})).Run();
+  ColorTable table;
+  ASSERT_TRUE(table.Decode(conversion.Elements().at(1)));
+  EXPECT_EQ(table[static_cast<std::uint8_t>(conversion.Drawing().at(0).Header().Color())], 0x112233);
+}
+
+TEST(DesignSinkTest, CountsColorsBeyondTheTableAsApproximated) {
+  DesignConversion conversion;
+  for (int i = 0; i < 256; ++i)
+    conversion.Add(Line(0, 0, 1, 1, {1, 2, 0x640001 + i * 256, MI::SLUnits_Pixel, false}));
+  conversion.Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("colour replaced by the nearest one of the colour table").count, 1);
+  EXPECT_EQ(conversion.Drawing().at(255).Header().Color(), conversion.Drawing().at(254).Header().Color());
+}
+
+TEST(DesignSinkTest, TakesLevelColorAndKeyFromColumns) {
+  DesignConversion conversion;
+  conversion.schema.columns = {
+      {"ID", MI::Integer_t(), 0}, {"Lvl", MI::Integer_t(), 0}, {"Col", MI::Integer_t(), 0}};
+  conversion.options.key_column = "id";
+  conversion.options.level_column = "LVL";
+  conversion.options.color_column = "col";
+  conversion.options.level = 9;
+  conversion.Add(Line(0, 0, 1, 1, {1, 2, kRed, MI::SLUnits_Pixel, false}), {"70000", "63", " 255 "});
+  conversion.Add(Line(0, 0, 1, 1, {1, 2, kRed, MI::SLUnits_Pixel, false}), {"x", "64", "-1"});
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  EXPECT_EQ(ReadLinkages(drawing.at(0).Attributes()).database, (DatabaseKey{1, 70000}));
+  EXPECT_EQ(drawing.at(0).Header().Level(), 63U);
+  EXPECT_EQ(drawing.at(0).Header().Color(), 255U);
+  EXPECT_FALSE(drawing.at(1).Header().HasAttributes());
+  EXPECT_EQ(drawing.at(1).Header().Level(), 9U);
+  EXPECT_EQ(drawing.at(1).Header().Color(), 3U);
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.size(), 3U);
+  EXPECT_EQ(reasons.at("without a key: its value is no whole number from 0 to 4294967295").count, 1);
+  EXPECT_EQ(reasons.at("level of all elements: its value is no whole number from 0 to 63").count, 1);
+  EXPECT_EQ(reasons.at("colour of the object: its value is no whole number from 0 to 255").count, 1);
+  EXPECT_EQ(conversion.Table(), "mslink,ID,Lvl,Col\r\n70000,70000,63, 255 \r\n,x,64,-1\r\n");
+}
+
+TEST(DesignSinkTest, RefusesAColumnThatIsNotThere) {
+  DesignConversion conversion;
+  conversion.options.level_column = "Street";
+  EXPECT_EQ(FailureText([&] { conversion.Run(); }), "there is no column \"Street\" to take the level from");
+  EXPECT_TRUE(conversion.folder.Names().empty());
+}
+
+TEST(DesignSinkTest, KeepsRowsWithoutAnObjectInTheTable) {
+  DesignConversion conversion;
+  conversion.schema.columns = {{"name", MI::Character_t(), 9, 0}};
+  conversion.Add(Object(new MI::WNoBody(nullptr)), {"nothing"});
+  conversion.Add(Point(0, 0), {"point"});
+  conversion.Run();
+  EXPECT_EQ(conversion.Table(), "mslink,name\r\n1,nothing\r\n2,point\r\n");
+  EXPECT_EQ(conversion.Drawing().size(), 1U);
+  EXPECT_EQ(ReadLinkages(conversion.Drawing().at(0).Attributes()).database, (DatabaseKey{1, 2}));
+  EXPECT_EQ(conversion.account.GetWritten(), 2);
+  const std::vector<std::string>& said = conversion.account.GetAssumptions();
+  EXPECT_EQ(std::count(said.begin(), said.end(), "rows without an object are in the table alone: 1"), 1);
+}
+
+TEST(DesignSinkTest, SkipsWhatHasNoPlaceOnThePlane) {
+  DesignConversion conversion;
+  conversion.Add(Point(std::nan(""), 1));
+  conversion.Add(Line(0, 0, INFINITY, 1));
+  conversion.Add(MI::WEllipseObj({0, 0, std::nan(""), 1}, nullptr, {}, {}));
+  conversion.Add(Text("a", {0, 0, INFINITY, 1}));
+  conversion.Add(MI::WRRectObj({0, 0, std::nan(""), 1}, 1, nullptr, {}, {}));
+  conversion.Run();
+  EXPECT_TRUE(conversion.Drawing().empty());
+  EXPECT_EQ(conversion.account.GetKinds()
+                .at("object")
+                .skip_reasons.at("coordinates outside the design plane")
+                .count,
+            5);
+}
+
+TEST(DesignSinkTest, RefusesAnExtentThatDoesNotFitAndLeavesNothing) {
+  DesignConversion conversion;
+  conversion.Add(Line(0, 0, 3e7, 1));
+  EXPECT_EQ(FailureText([&] { conversion.Run(); }),
+            (conversion.folder / "map.dgn").string() +
+                " cannot be written: the extent of the map, 0 to 30000000 by 0 to 1 m, does not fit: at 100 "
+                "units of resolution per m the design plane reaches from -21474836.48 to 21474836.47 by "
+                "-21474836.48 to 21474836.47 m");
+  EXPECT_TRUE(conversion.folder.Names().empty());
+}
+
+TEST(DesignSinkTest, LeavesNothingBehindWithoutClose) {
+  const ScratchFolder folder;
+  {
+    DesignSink sink(folder / "map.dgn", std::make_unique<OutputFiles>(false), {}, {}, {});
+    EXPECT_EQ(folder.Names().size(), 2U);
+  }
+  EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST(DesignSinkTest, StatesTheUnitsItChose) {
+  DesignConversion conversion;
+  conversion.options.units = {};
+  conversion.schema.system =
+      Tobri::IRefC<MI::CoordSys>(new MI::CoordSys(MI::NonEarth_t(), MI::Units_deg, {}));
+  conversion.Add(Line(-180, -90, 180, 90)).Run();
+  EXPECT_EQ(conversion.account.GetAssumptions(),
+            (std::vector<std::string>{"working units: 1000 md per dg, 10000 units of resolution per md",
+                                      "coordinates are rounded to 1e-07 dg"}));
+}
+
+}  // namespace
+}  // namespace App
