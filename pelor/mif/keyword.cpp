@@ -2,7 +2,9 @@
 #include <pelor/mif/keyword.h>
 #include <pelor/mif/lexis.h>
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace Pelor::MIF {
 
@@ -29,11 +31,29 @@ Table MakeTable() {
   return table;
 }
 
+std::string_view TextOf(KeyWord keyword) {
+  if (keyword < 0 || static_cast<std::size_t>(keyword) >= kTexts.size()) return {};
+  return kTexts[static_cast<std::size_t>(keyword)];
+}
+
+const Tobri::IRefC<Tobri::ChrS<char>>& Letters() {
+  static const auto letters = IDLetters();
+  return letters;
+}
+
+// Whether `window` begins with the keyword's text, in any case. Keywords hold ASCII letters alone.
+bool BeginsWith(std::string_view window, std::string_view text) {
+  constexpr unsigned kCaseBit = 0x20;
+  const auto same = [](char a, char b) {
+    return (static_cast<unsigned char>(a) | kCaseBit) == (static_cast<unsigned char>(b) | kCaseBit);
+  };
+  return window.size() >= text.size() && std::equal(text.begin(), text.end(), window.begin(), same);
+}
+
 }  // namespace
 
 String KeyWordText(KeyWord keyword) {
-  if (keyword < 0 || static_cast<std::size_t>(keyword) >= kTexts.size()) return {};
-  return kTexts[static_cast<std::size_t>(keyword)];
+  return TextOf(keyword);
 }
 
 KeyWord KeyWordID(const String& text) {
@@ -43,18 +63,24 @@ KeyWord KeyWordID(const String& text) {
 }
 
 void ReadKW::Read(Tobri::IxText& in) {
-  static const auto letters = IDLetters();
   pos = in.GetPos();
   Tobri::TxtRdr::SkipWS(in);
-  text = Tobri::TxtRdr::GetIdentifier(in, letters, false);
+  text = Tobri::TxtRdr::GetIdentifier(in, Letters(), false);
   id = KeyWordID(text);
 }
 
 bool ReadSpecifier(Tobri::IxText& in, KeyWord keyword) {
-  ReadKW word;
-  word.Read(in);
-  if (word.id == keyword) return true;
-  in.SetPos(word.pos);
+  // Compared in place: most calls find another word, and need not know which.
+  const std::string_view text = TextOf(keyword);
+  const Tobri::IBText::Pos before = in.GetPos();
+  Tobri::TxtRdr::SkipWS(in);
+  const std::string_view window = in.Window(text.size() + 1);
+  if (!text.empty() && BeginsWith(window, text) &&
+      (window.size() == text.size() || !Letters()->Contains(window[text.size()]))) {
+    in.Consume(text.size());
+    return true;
+  }
+  in.SetPos(before);
   return false;
 }
 

@@ -3,12 +3,13 @@
 #include <pelor/mi/pline_body.h>
 #include <pelor/mi/region_body.h>
 #include <pelor/mif/clause_io.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/object_clauses.h>
-#include <pelor/mif/style_clauses.h>
 
 namespace Pelor::MI {
 
 namespace Clause = MIF::Clause;
+using MIF::ClauseText;
 
 namespace {
 
@@ -19,13 +20,18 @@ std::size_t CountParts(const WPLineBody& outline, std::size_t least) {
   return count;
 }
 
-void PutParts(std::ostream& out, const WPLineBody& outline, std::size_t least) {
+void PutCount(ClauseText& text, std::size_t count) {
+  text.Put(' ');
+  text.PutInteger(static_cast<long>(count));
+}
+
+void PutParts(ClauseText& text, const WPLineBody& outline, std::size_t least) {
   for (int part = 0; part < outline.GetNParts(); ++part) {
     const auto vertices = outline.Vertices(part);
     if (vertices.size() < least) continue;
-    Clause::PutCount(out, vertices.size());
-    Clause::EndLine(out);
-    Clause::PutVertices(out, vertices);
+    PutCount(text, vertices.size());
+    text.EndLine();
+    text.PutVertices(vertices);
   }
 }
 
@@ -54,18 +60,24 @@ void WPLineBody::WriteMIF(std::ostream& out) const {
     WNoBody(GetWSys()).WriteMIF(out);
     return;
   }
-  out << MIF::KeyWordText(MIF::PLine);
+  ClauseText text(out);
+  text.Put(MIF::PLine);
   if (parts > 1) {
-    out << ' ' << MIF::KeyWordText(MIF::Multiple);
-    Clause::PutCount(out, parts);
-    Clause::EndLine(out);
+    text.Put(' ');
+    text.Put(MIF::Multiple);
+    PutCount(text, parts);
+    text.EndLine();
   }
-  PutParts(out, *this, 2);
-  Clause::PutStyle(out, GetPen());
-  Clause::EndLine(out);
-  if (!is_smooth_) return;
-  out << ' ' << MIF::KeyWordText(MIF::Smooth);
-  Clause::EndLine(out);
+  PutParts(text, *this, 2);
+  text.Put(' ');
+  Put(text, GetPen());
+  text.EndLine();
+  if (is_smooth_) {
+    text.Put(' ');
+    text.Put(MIF::Smooth);
+    text.EndLine();
+  }
+  text.Give();
 }
 
 void WPLineBody::ReadMIF(Tobri::IxText& in) {
@@ -91,18 +103,23 @@ void WRegionBody::WriteMIF(std::ostream& out) const {
     WNoBody(GetWSys()).WriteMIF(out);
     return;
   }
-  out << MIF::KeyWordText(MIF::Region);
-  Clause::PutCount(out, parts);
-  Clause::EndLine(out);
-  PutParts(out, *outline, 3);
-  Clause::PutStyle(out, GetPen());
-  Clause::EndLine(out);
-  Clause::PutStyle(out, GetBrush());
-  Clause::EndLine(out);
-  out << ' ' << MIF::KeyWordText(MIF::Center);
+  ClauseText text(out);
+  text.Put(MIF::Region);
+  PutCount(text, parts);
+  text.EndLine();
+  PutParts(text, *outline, 3);
+  text.Put(' ');
+  Put(text, GetPen());
+  text.EndLine();
+  text.Put(' ');
+  Put(text, GetBrush());
+  text.EndLine();
+  text.Put(' ');
+  text.Put(MIF::Center);
   const Vanth::PointXY center = GetCentroid();
-  Clause::PutNumbers(out, {center.x, center.y});
-  Clause::EndLine(out);
+  text.PutNumbers({center.x, center.y});
+  text.EndLine();
+  text.Give();
 }
 
 void WRegionBody::ReadMIF(Tobri::IxText& in) {

@@ -2,39 +2,45 @@
 
 #include <pelor/mi/objects.h>
 #include <pelor/mif/clause_io.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/object_clauses.h>
-#include <pelor/mif/style_clauses.h>
 
 namespace Pelor::MI {
 
 namespace Clause = MIF::Clause;
+using MIF::ClauseText;
 using Vanth::RectXY;
 
 namespace {
 
-void PutRect(std::ostream& out, MIF::KeyWord keyword, const RectXY& rect) {
-  out << MIF::KeyWordText(keyword);
-  Clause::PutNumbers(out, {rect.x1, rect.y1, rect.x2, rect.y2});
-  Clause::EndLine(out);
+void PutRect(ClauseText& text, MIF::KeyWord keyword, const RectXY& rect) {
+  text.Put(keyword);
+  text.PutNumbers({rect.x1, rect.y1, rect.x2, rect.y2});
+  text.EndLine();
 }
 
 // Pen and brush of these kinds share a line; those of a region do not.
-void PutAreaStyle(std::ostream& out, const W2DBody& body) {
-  Clause::PutStyle(out, body.GetPen());
-  Clause::PutStyle(out, body.GetBrush());
-  Clause::EndLine(out);
+void PutAreaStyle(ClauseText& text, const W2DBody& body) {
+  text.Put(' ');
+  Put(text, body.GetPen());
+  text.Put(' ');
+  Put(text, body.GetBrush());
+  text.EndLine();
 }
 
-void PutPen(std::ostream& out, const Pen& pen) {
-  Clause::PutStyle(out, pen);
-  Clause::EndLine(out);
+void PutPen(ClauseText& text, const Pen& pen) {
+  text.Put(' ');
+  Put(text, pen);
+  text.EndLine();
 }
 
 }  // namespace
 
 void WNoBody::WriteMIF(std::ostream& out) const {
-  out << MIF::KeyWordText(MIF::None);
-  Clause::EndLine(out);
+  ClauseText text(out);
+  text.Put(MIF::None);
+  text.EndLine();
+  text.Give();
 }
 
 void WNoBody::ReadMIF(Tobri::IxText& in) {
@@ -42,11 +48,14 @@ void WNoBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WPointBody::WriteMIF(std::ostream& out) const {
-  out << MIF::KeyWordText(MIF::Point);
-  Clause::PutNumbers(out, {point_.x, point_.y});
-  Clause::EndLine(out);
-  Clause::PutStyle(out, GetSymbol());
-  Clause::EndLine(out);
+  ClauseText text(out);
+  text.Put(MIF::Point);
+  text.PutNumbers({point_.x, point_.y});
+  text.EndLine();
+  text.Put(' ');
+  Put(text, GetSymbol());
+  text.EndLine();
+  text.Give();
 }
 
 void WPointBody::ReadMIF(Tobri::IxText& in) {
@@ -60,10 +69,12 @@ void WPointBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WLineBody::WriteMIF(std::ostream& out) const {
-  out << MIF::KeyWordText(MIF::Line);
-  Clause::PutNumbers(out, {start_.x, start_.y, end_.x, end_.y});
-  Clause::EndLine(out);
-  PutPen(out, GetPen());
+  ClauseText text(out);
+  text.Put(MIF::Line);
+  text.PutNumbers({start_.x, start_.y, end_.x, end_.y});
+  text.EndLine();
+  PutPen(text, GetPen());
+  text.Give();
 }
 
 void WLineBody::ReadMIF(Tobri::IxText& in) {
@@ -78,8 +89,10 @@ void WLineBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WRectBody::WriteMIF(std::ostream& out) const {
-  PutRect(out, MIF::Rect, rect_);
-  PutAreaStyle(out, *this);
+  ClauseText text(out);
+  PutRect(text, MIF::Rect, rect_);
+  PutAreaStyle(text, *this);
+  text.Give();
 }
 
 void WRectBody::ReadMIF(Tobri::IxText& in) {
@@ -92,10 +105,12 @@ void WRectBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WRRectBody::WriteMIF(std::ostream& out) const {
-  PutRect(out, MIF::RoundRect, rect_);
-  Clause::PutNumbers(out, {rounding_});
-  Clause::EndLine(out);
-  PutAreaStyle(out, *this);
+  ClauseText text(out);
+  PutRect(text, MIF::RoundRect, rect_);
+  text.PutNumbers({rounding_});
+  text.EndLine();
+  PutAreaStyle(text, *this);
+  text.Give();
 }
 
 void WRRectBody::ReadMIF(Tobri::IxText& in) {
@@ -108,8 +123,10 @@ void WRRectBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WEllipseBody::WriteMIF(std::ostream& out) const {
-  PutRect(out, MIF::Ellipse, rect_);
-  PutAreaStyle(out, *this);
+  ClauseText text(out);
+  PutRect(text, MIF::Ellipse, rect_);
+  PutAreaStyle(text, *this);
+  text.Give();
 }
 
 void WEllipseBody::ReadMIF(Tobri::IxText& in) {
@@ -122,11 +139,13 @@ void WEllipseBody::ReadMIF(Tobri::IxText& in) {
 }
 
 void WArcBody::WriteMIF(std::ostream& out) const {
-  PutRect(out, MIF::Arc, rect_);
-  Clause::PutNumbers(out, {start_(Vanth::Angle::Degrees, Vanth::Angle::Positive),
-                           end_(Vanth::Angle::Degrees, Vanth::Angle::Positive)});
-  Clause::EndLine(out);
-  PutPen(out, GetPen());
+  ClauseText text(out);
+  PutRect(text, MIF::Arc, rect_);
+  text.PutNumbers({start_(Vanth::Angle::Degrees, Vanth::Angle::Positive),
+                   end_(Vanth::Angle::Degrees, Vanth::Angle::Positive)});
+  text.EndLine();
+  PutPen(text, GetPen());
+  text.Give();
 }
 
 void WArcBody::ReadMIF(Tobri::IxText& in) {

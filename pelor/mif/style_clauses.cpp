@@ -1,12 +1,11 @@
-#include <pelor/base/number_format.h>
 #include <pelor/base/numeric.h>
 #include <pelor/mi/saturate.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/keyword.h>
 #include <pelor/mif/lexis.h>
 #include <pelor/mif/style_clauses.h>
 #include <pelor/mif/style_size.h>
 
-#include <iomanip>
 #include <limits>
 #include <ostream>
 #include <string_view>
@@ -17,7 +16,6 @@ namespace Pelor::MIF {
 using Tobri::FltFmt;
 using Tobri::IntFmt;
 using Tobri::IxText;
-using Tobri::PutInteger;
 using Tobri::String;
 
 namespace {
@@ -30,13 +28,8 @@ MI::Color Swapped(MI::Color color) {
   return static_cast<MI::Color>((bits & 0xFF00FF00U) | (bits & 0xFFU) << 16 | (bits >> 16 & 0xFFU));
 }
 
-// In double quotes, with those inside doubled.
-auto Quoted(const String& text) {
-  return std::quoted(std::string_view(text), '"', '"');
-}
-
-void PutColor(std::ostream& out, MI::Color color) {
-  PutInteger(out, Swapped(color));
+void PutColor(ClauseText& text, MI::Color color) {
+  text.PutInteger(Swapped(color));
 }
 
 // Reads the bracketed arguments of a style clause, one after the other, until one fails.
@@ -108,24 +101,35 @@ class StyleReader {
   bool good_;
 };
 
-void WriteStandardSymbol(std::int32_t shape, MI::Color color, const StyleSize& size, std::ostream& out) {
-  PutInteger(out, shape);
-  out << ',';
-  PutColor(out, color);
-  out << ',';
-  WriteSize(size, MI::SLUnits_Point, out);
+void PutStandardSymbol(std::int32_t shape, MI::Color color, const StyleSize& size, ClauseText& text) {
+  text.PutInteger(shape);
+  text.Put(',');
+  PutColor(text, color);
+  text.Put(',');
+  Put(text, size, MI::SLUnits_Point);
+}
+
+template <class Style>
+void WriteText(const Style& style, std::ostream& out) {
+  ClauseText text(out);
+  Put(text, style);
+  text.Give();
 }
 
 }  // namespace
 
+void Put(ClauseText& text, const MI::Pen& pen) {
+  text.Put("Pen (");
+  Put(text, {pen.width, pen.widthUnits}, MI::SLUnits_Pixel);
+  text.Put(',');
+  text.PutInteger(long{pen.pattern} + (pen.interleaved ? kInterleaved : 0));
+  text.Put(',');
+  PutColor(text, pen.color);
+  text.Put(')');
+}
+
 void Write(const MI::Pen& pen, std::ostream& out) {
-  out << "Pen (";
-  WriteSize({pen.width, pen.widthUnits}, MI::SLUnits_Pixel, out);
-  out << ',';
-  PutInteger(out, long{pen.pattern} + (pen.interleaved ? kInterleaved : 0));
-  out << ',';
-  PutColor(out, pen.color);
-  out << ')';
+  WriteText(pen, out);
 }
 
 bool Read(MI::Pen& pen, IxText& in) {
@@ -139,16 +143,20 @@ bool Read(MI::Pen& pen, IxText& in) {
   return args.Finish(pen, std::move(read), "Invalid Pen");
 }
 
-void Write(const MI::Brush& brush, std::ostream& out) {
-  out << "Brush (";
-  PutInteger(out, brush.pattern);
-  out << ',';
-  PutColor(out, brush.foreColor);
+void Put(ClauseText& text, const MI::Brush& brush) {
+  text.Put("Brush (");
+  text.PutInteger(brush.pattern);
+  text.Put(',');
+  PutColor(text, brush.foreColor);
   if (brush.backColor >= 0 || brush.pattern < 3) {
-    out << ',';
-    PutColor(out, brush.backColor < 0 ? 0 : brush.backColor);
+    text.Put(',');
+    PutColor(text, brush.backColor < 0 ? 0 : brush.backColor);
   }
-  out << ')';
+  text.Put(')');
+}
+
+void Write(const MI::Brush& brush, std::ostream& out) {
+  WriteText(brush, out);
 }
 
 bool Read(MI::Brush& brush, IxText& in) {
@@ -159,26 +167,33 @@ bool Read(MI::Brush& brush, IxText& in) {
   return args.Finish(brush, std::move(read), "Invalid Brush");
 }
 
-void Write(const MI::Symbol& symbol, std::ostream& out) {
+void Put(ClauseText& text, const MI::Symbol& symbol) {
   const StyleSize size = {symbol.size, symbol.sizeUnits};
-  out << "Symbol (";
+  text.Put("Symbol (");
   if (symbol.kind == MI::Symbol::Picture) {
-    out << Quoted(symbol.name) << ',';
-    PutColor(out, symbol.color);
-    out << ',';
-    WriteSize(size, MI::SLUnits_Point, out);
-    out << ',';
-    PutInteger(out, int{symbol.style});
+    text.PutQuoted(symbol.name);
+    text.Put(',');
+    PutColor(text, symbol.color);
+    text.Put(',');
+    Put(text, size, MI::SLUnits_Point);
+    text.Put(',');
+    text.PutInteger(int{symbol.style});
   } else {
-    WriteStandardSymbol(symbol.shape, symbol.color, size, out);
+    PutStandardSymbol(symbol.shape, symbol.color, size, text);
     if (symbol.kind == MI::Symbol::Character) {
-      out << ", " << Quoted(symbol.name) << ',';
-      PutInteger(out, int{symbol.style});
-      out << ',';
-      PutInteger(out, symbol.rotation);
+      text.Put(", ");
+      text.PutQuoted(symbol.name);
+      text.Put(',');
+      text.PutInteger(int{symbol.style});
+      text.Put(',');
+      text.PutInteger(symbol.rotation);
     }
   }
-  out << ')';
+  text.Put(')');
+}
+
+void Write(const MI::Symbol& symbol, std::ostream& out) {
+  WriteText(symbol, out);
 }
 
 bool Read(MI::Symbol& symbol, IxText& in) {
@@ -200,9 +215,7 @@ bool Read(MI::Symbol& symbol, IxText& in) {
 }
 
 void Write(const MI::StdSymbol& symbol, std::ostream& out) {
-  out << "Symbol (";
-  WriteStandardSymbol(symbol.shape, symbol.color, {symbol.size, symbol.sizeUnits}, out);
-  out << ')';
+  Write(MI::Symbol(symbol), out);
 }
 
 bool Read(MI::StdSymbol& symbol, IxText& in) {
@@ -212,18 +225,24 @@ bool Read(MI::StdSymbol& symbol, IxText& in) {
   return args.Finish(symbol, std::move(read), "Invalid Symbol");
 }
 
-void Write(const MI::Font& font, std::ostream& out) {
-  out << "Font (" << Quoted(font.name) << ", ";
-  PutInteger(out, int{font.style});
-  out << ", ";
-  WriteSize({font.size, font.sizeUnits}, MI::SLUnits_Point, out);
-  out << ", ";
-  PutColor(out, font.foreColor);
+void Put(ClauseText& text, const MI::Font& font) {
+  text.Put("Font (");
+  text.PutQuoted(font.name);
+  text.Put(", ");
+  text.PutInteger(int{font.style});
+  text.Put(", ");
+  Put(text, {font.size, font.sizeUnits}, MI::SLUnits_Point);
+  text.Put(", ");
+  PutColor(text, font.foreColor);
   if (font.backColor >= 0) {
-    out << ", ";
-    PutColor(out, font.backColor);
+    text.Put(", ");
+    PutColor(text, font.backColor);
   }
-  out << ')';
+  text.Put(')');
+}
+
+void Write(const MI::Font& font, std::ostream& out) {
+  WriteText(font, out);
 }
 
 bool Read(MI::Font& font, IxText& in) {

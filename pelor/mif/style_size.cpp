@@ -1,6 +1,6 @@
-#include <pelor/base/number_format.h>
 #include <pelor/base/number_parse.h>
 #include <pelor/base/string.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/style_size.h>
 
 #include <cmath>
@@ -35,6 +35,18 @@ const char* Suffix(SLUnits units) {
   }
 }
 
+// The units that the suffix stands for, in any case.
+bool FindUnits(std::string_view suffix, SLUnits& units) {
+  const Tobri::String wanted = Tobri::LocStr::LowerCase(suffix);
+  for (const SLUnits candidate : {MI::SLUnits_Pixel, MI::SLUnits_HundredthMm, MI::SLUnits_Point}) {
+    if (wanted == Suffix(candidate)) {
+      units = candidate;
+      return true;
+    }
+  }
+  return false;
+}
+
 bool Whole(double number) {
   return number == std::trunc(number);
 }
@@ -49,40 +61,44 @@ bool Set(StyleSize& size, double number, SLUnits units) {
 
 }  // namespace
 
-void WriteSize(const StyleSize& size, SLUnits default_units, std::ostream& out) {
+void Put(ClauseText& text, const StyleSize& size, SLUnits default_units) {
   if (default_units == MI::SLUnits_Pixel && Written(size.units) == MI::SLUnits_Point && size.value >= 1) {
     const std::int64_t tenths = size.units == MI::SLUnits_Point ? std::int64_t{10} * size.value : size.value;
-    Tobri::PutInteger(out, static_cast<long>(tenths + kPointWidthBase));
+    text.PutInteger(static_cast<long>(tenths + kPointWidthBase));
     return;
   }
   if (size.units == MI::SLUnits_HundredthMm) {
-    Tobri::PutDouble(out, size.value * 0.01);
+    text.PutNumber(size.value * 0.01);
   } else if (size.units == MI::SLUnits_TenthPoint) {
-    Tobri::PutDouble(out, size.value * 0.1);
+    text.PutNumber(size.value * 0.1);
   } else {
-    Tobri::PutInteger(out, size.value);
+    text.PutInteger(size.value);
   }
   const bool plain = Written(size.units) == Written(default_units) &&
                      (size.units != MI::SLUnits_Pixel || size.value < kFirstPointWidth);
-  if (!plain) out << Suffix(size.units);
+  if (!plain) text.Put(Suffix(size.units));
+}
+
+void WriteSize(const StyleSize& size, SLUnits default_units, std::ostream& out) {
+  ClauseText text(out);
+  Put(text, size, default_units);
+  text.Give();
 }
 
 bool ParseSize(std::string_view text, SLUnits default_units, StyleSize& size) {
   double number = 0.0;
-  const char* const stop = Tobri::ParseDouble(text.data(), text.data() + text.size(), number);
+  const char* const end = text.data() + text.size();
+  const char* const stop = Tobri::ParseDouble(text.data(), end, number);
   if (stop == nullptr) return false;
-  const Tobri::String suffix =
-      Tobri::LocStr::LowerCase(text.substr(static_cast<std::size_t>(stop - text.data())));
-  if (suffix.IsEmpty() && default_units == MI::SLUnits_Pixel && number >= kFirstPointWidth) {
+  SLUnits units = Written(default_units);
+  if (stop != end) {
+    if (!FindUnits({stop, static_cast<std::size_t>(end - stop)}, units)) return false;
+  } else if (default_units == MI::SLUnits_Pixel && number >= kFirstPointWidth) {
     return Whole(number) && Set(size, number - static_cast<double>(kPointWidthBase), MI::SLUnits_TenthPoint);
   }
-  for (const SLUnits units : {MI::SLUnits_Pixel, MI::SLUnits_HundredthMm, MI::SLUnits_Point}) {
-    if (!(suffix == Suffix(units) || (suffix.IsEmpty() && units == Written(default_units)))) continue;
-    if (units == MI::SLUnits_HundredthMm) return Set(size, number * 100.0, units);
-    if (Whole(number)) return Set(size, number, units);
-    return units == MI::SLUnits_Point && Set(size, number * 10.0, MI::SLUnits_TenthPoint);
-  }
-  return false;
+  if (units == MI::SLUnits_HundredthMm) return Set(size, number * 100.0, units);
+  if (Whole(number)) return Set(size, number, units);
+  return units == MI::SLUnits_Point && Set(size, number * 10.0, MI::SLUnits_TenthPoint);
 }
 
 }  // namespace Pelor::MIF

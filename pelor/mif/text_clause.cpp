@@ -1,26 +1,30 @@
 #include <pelor/mi/text_body.h>
 #include <pelor/mif/clause_io.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/object_clauses.h>
-#include <pelor/mif/style_clauses.h>
 
-#include <iomanip>
 #include <string_view>
 
 namespace Pelor::MI {
 
 namespace Clause = MIF::Clause;
+using MIF::ClauseText;
 
 namespace {
 
 // A text with quotes shares its line with the box, any other does not; both are read alike.
-void PutText(std::ostream& out, std::string_view text) {
-  out << ' ' << std::quoted(text, '"', '"');
-  if (text.find('"') == std::string_view::npos) Clause::EndLine(out);
+void PutText(ClauseText& text, std::string_view value) {
+  text.Put(' ');
+  text.PutQuoted(value);
+  if (value.find('"') == std::string_view::npos) text.EndLine();
 }
 
-void PutWords(std::ostream& out, MIF::KeyWord keyword, std::string_view value) {
-  out << "  " << MIF::KeyWordText(keyword);
-  if (!value.empty()) out << ' ' << value;
+void PutWords(ClauseText& text, MIF::KeyWord keyword, std::string_view value) {
+  text.Put("  ");
+  text.Put(keyword);
+  if (value.empty()) return;
+  text.Put(' ');
+  text.Put(value);
 }
 
 std::string_view JustifyText(std::int32_t justification) {
@@ -36,31 +40,34 @@ std::string_view LabelText(std::int32_t kind) {
 }  // namespace
 
 void WTextBody::WriteMIF(std::ostream& out) const {
-  out << MIF::KeyWordText(MIF::Text);
-  PutText(out, text_);
-  Clause::PutNumbers(out, {box_.x1, box_.y1, box_.x2, box_.y2});
-  Clause::EndLine(out);
-  Clause::PutStyle(out, GetFont());
-  Clause::EndLine(out);
+  ClauseText text(out);
+  text.Put(MIF::Text);
+  PutText(text, text_);
+  text.PutNumbers({box_.x1, box_.y1, box_.x2, box_.y2});
+  text.EndLine();
+  text.Put(' ');
+  Put(text, GetFont());
+  text.EndLine();
   if (angle_ != Vanth::Angle()) {
-    PutWords(out, MIF::Angle, {});
-    Clause::PutNumbers(out, {angle_(Vanth::Angle::Degrees, Vanth::Angle::Positive)});
-    Clause::EndLine(out);
+    PutWords(text, MIF::Angle, {});
+    text.PutNumbers({angle_(Vanth::Angle::Degrees, Vanth::Angle::Positive)});
+    text.EndLine();
   }
   if (justification_ != 0) {
-    PutWords(out, MIF::Justify, JustifyText(justification_));
-    Clause::EndLine(out);
+    PutWords(text, MIF::Justify, JustifyText(justification_));
+    text.EndLine();
   }
   if (spacing_ != 0) {
-    PutWords(out, MIF::Spacing, spacing_ == 1 ? "1.5" : "2");
-    Clause::EndLine(out);
+    PutWords(text, MIF::Spacing, spacing_ == 1 ? "1.5" : "2");
+    text.EndLine();
   }
   if (label_kind_ != 0) {
-    PutWords(out, MIF::Label, LabelText(label_kind_));
-    Clause::PutNumbers(out, {label_point_.x, label_point_.y});
-    Clause::EndLine(out);
+    PutWords(text, MIF::Label, LabelText(label_kind_));
+    text.PutNumbers({label_point_.x, label_point_.y});
+    text.EndLine();
   }
-  Clause::EndLine(out);
+  text.EndLine();
+  text.Give();
 }
 
 void WTextBody::ReadMIF(Tobri::IxText& in) {

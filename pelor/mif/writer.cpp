@@ -1,6 +1,7 @@
 #include <pelor/base/file_name.h>
 #include <pelor/base/number_format.h>
 #include <pelor/mi/build.h>
+#include <pelor/mif/clause_text.h>
 #include <pelor/mif/column_clause.h>
 #include <pelor/mif/coord_sys_clause.h>
 #include <pelor/mif/keyword.h>
@@ -8,8 +9,8 @@
 #include <pelor/mif/writer.h>
 
 #include <algorithm>
-#include <iomanip>
 #include <locale>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -22,6 +23,7 @@ using Tobri::String;
 namespace {
 
 constexpr int kPrecision = 10;
+constexpr std::size_t kBufferSize = std::size_t{64} * 1024;
 constexpr std::uint16_t kIndexed = 1;
 constexpr std::uint16_t kUnique = 2;
 
@@ -53,7 +55,11 @@ bool WidthIsOpen(const MI::Column& column) {
 
 }  // namespace
 
-oMIF::oMIF() {
+oMIF::oMIF()
+    : mif_buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)),
+      mid_buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize)) {
+  mif_.rdbuf()->pubsetbuf(mif_buffer_.get(), kBufferSize);
+  mid_.rdbuf()->pubsetbuf(mid_buffer_.get(), kBufferSize);
   mif_.imbue(std::locale::classic());
   mid_.imbue(std::locale::classic());
 }
@@ -208,30 +214,29 @@ void oMIF::AddAttribute(const String& value) {
   SetAttribute(static_cast<int>(attribute_count_), value);
 }
 
-void oMIF::WriteValue(const String& value) {
-  const std::string_view text = value;
+void oMIF::WriteValue(MIF::ClauseText& row, std::string_view text) {
   if (text.find(delimiter_) == std::string_view::npos || delimiter_ == '"') {
-    row_ += text;
+    row.Put(text);
   } else if (text.find('"') == std::string_view::npos) {
-    row_ += '"';
-    row_ += text;
-    row_ += '"';
+    row.PutQuoted(text);
   } else {
     // Intended: this value goes to the MIF file, and the row lacks it.
-    mif_ << std::quoted(text, '"', '"');
+    MIF::ClauseText quoted(mif_);
+    quoted.PutQuoted(text);
+    quoted.Give();
   }
 }
 
 void oMIF::FlushAttr() {
   BeginData();
-  row_.clear();
+  MIF::ClauseText row(mid_);
   for (std::size_t i = 0; i < attribute_count_; ++i) {
-    if (i > 0) row_ += delimiter_;
-    WriteValue(attributes_[i]);
+    if (i > 0) row.Put(delimiter_);
+    WriteValue(row, attributes_[i]);
     attributes_[i].Clear();
   }
-  row_ += '\n';
-  mid_.write(row_.data(), static_cast<std::streamsize>(row_.size()));
+  row.Put('\n');
+  row.Give();
   attribute_count_ = 0;
 }
 

@@ -13,10 +13,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
-#include <string>
+#include <memory>
+#include <string_view>
 #include <vector>
 
 namespace Pelor {
+
+namespace MIF {
+class ClauseText;
+}
 
 /// Writes a pair: the header and the objects to the MIF file, one row per object to the MID file. The header
 /// is written with the first object or value, so its settings must come before. An object may come before or
@@ -93,9 +98,12 @@ class PELOR_EXPORT oMIF {
 
   void WriteColumnNumbers(const char* keyword, std::uint16_t flag);
   void WriteColumn(const MI::Column& column);
-  void WriteValue(const Tobri::String& value);
+  void WriteValue(MIF::ClauseText& row, std::string_view text);
   void RewriteColumns();
 
+  // The streams' own buffers; they must outlive the streams.
+  std::unique_ptr<char[]> mif_buffer_;
+  std::unique_ptr<char[]> mid_buffer_;
   std::ofstream mif_;
   std::ofstream mid_;
   char delimiter_ = 0;
@@ -107,7 +115,6 @@ class PELOR_EXPORT oMIF {
   Pairing pairing_ = Pairing::kClosed;
   std::size_t attribute_count_ = 0;        ///< one more than the last value that was set
   std::vector<Tobri::String> attributes_;  ///< one per column, once the header is written
-  std::string row_;                        ///< the row in hand; keeps its storage
   Tobri::String charset_name_;
   std::int32_t version_ = 0;
   MI::WObjRf<MI::WObjBody> no_object_;

@@ -130,4 +130,24 @@ TEST(ReadSpecifierTest, NoBlankIsNeededBeforeABracket) {
   EXPECT_EQ(mif.Rest(), "(1,2,0)");
 }
 
+TEST(ReadSpecifierTest, LongerAndShorterWordsAreOthers) {
+  for (const std::string text : {"Pentagon", "Pen_", "Pen2", "Pe", "P", "", "Pe\nn"}) {
+    Mif mif(text);
+    EXPECT_FALSE(MIF::ReadSpecifier(mif.in, MIF::Pen)) << text;
+    EXPECT_EQ(mif.Rest(), text);
+  }
+}
+
+TEST(ReadSpecifierTest, WordAtTheEndOfTheInputIsRead) {
+  Mif mif("\n\tPen");
+  EXPECT_TRUE(MIF::ReadSpecifier(mif.in, MIF::Pen));
+  EXPECT_EQ(mif.Rest(), "");
+}
+
+TEST(ReadSpecifierTest, NoKeyWordIsNeverRead) {
+  Mif mif("word");
+  EXPECT_FALSE(MIF::ReadSpecifier(mif.in, MIF::NoKeyWord));
+  EXPECT_EQ(mif.Rest(), "word");
+}
+
 }  // namespace
