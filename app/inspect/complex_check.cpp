@@ -37,9 +37,9 @@ double Distance(const Vanth::PointXY& a, const Vanth::PointXY& b) {
 
 }  // namespace
 
-void ComplexCheck::Element(const ElementView& element, const ElementPlace& place, std::int64_t end) {
+void ComplexCheck::Element(const ElementView& element, const Place& place, std::int64_t end) {
   const bool is_component = element.Header().IsComponent() && element.Type() != DGN::DesignHeaderType;
-  CloseUpTo(place.offset, is_component);
+  CloseUpTo(place.position, is_component);
   const bool is_inside = !open_.empty();
   const ElementReport report = reports_(place);
   const std::string kind(ElementKind(element.Type()));
@@ -103,7 +103,7 @@ void ComplexCheck::Close() {
   if (!open_.empty()) open_.back().extent.Cover(complex.extent);
 }
 
-void ComplexCheck::AddComponent(const ElementView& element, const ElementPlace& place) {
+void ComplexCheck::AddComponent(const ElementView& element, const Place& place) {
   Open& complex = open_.back();
   ++complex.components;
   if (!IsChain(complex.type) || complex.is_deleted) return;
@@ -120,7 +120,7 @@ void ComplexCheck::AddComponent(const ElementView& element, const ElementPlace& 
   complex.last = course;
 }
 
-void ComplexCheck::OpenComplex(const ElementView& element, const ElementPlace& place, std::int64_t end) {
+void ComplexCheck::OpenComplex(const ElementView& element, const Place& place, std::int64_t end) {
   Open complex;
   complex.type = element.Type();
   complex.place = place;
@@ -130,8 +130,8 @@ void ComplexCheck::OpenComplex(const ElementView& element, const ElementPlace& p
   const std::optional<ComplexDescription> description = ComplexDescription::Decode(element);
   if (description && CountsComponents(complex.type)) complex.told = description->components;
   if (description && description->words != 0 && TellsLength(complex.type)) {
-    complex.end =
-        place.offset + static_cast<std::int64_t>(2 * (ComplexDescription::kWordsBefore + description->words));
+    complex.end = place.position +
+                  static_cast<std::int64_t>(2 * (ComplexDescription::kWordsBefore + description->words));
     if (complex.end < end) {
       reports_(place)(Severity::kError, "complex-length",
                       std::string(ElementKind(complex.type)) + " ends inside its own header");

@@ -1,10 +1,12 @@
 #include "app/inspect/design_check.h"
 
+#include "app/design/design_header.h"
+#include "app/design/element_cursor.h"
 #include "app/design/element_geometry.h"
-#include "app/design/element_reader.h"
 #include "app/inspect/complex_check.h"
 #include "app/inspect/element_check.h"
 #include "app/inspect/layout.h"
+#include "app/io/interrupt.h"
 
 #include <string>
 #include <utility>
@@ -20,18 +22,21 @@ class DesignCheck {
   DesignCheck(const Input& input, const FindingSink& sink)
       : input_(input),
         sink_(sink),
-        reader_(input),
-        complexes_([this](const ElementPlace& place) { return ReportAt(place); }) {}
+        cursor_(input),
+        complexes_([this](const Place& place) { return ReportAt(place); }) {}
 
   void Run() {
     CheckHeader();
-    while (reader_.Next()) Element();
-    complexes_.End(reader_.EndOffset());
+    for (; cursor_.Peek(); cursor_.Take()) {
+      ThrowIfInterrupted();
+      Element();
+    }
+    complexes_.End(cursor_.GetPlace().position);
     CheckEnd();
   }
 
  private:
-  ElementReport ReportAt(const ElementPlace& place) {
+  ElementReport ReportAt(const Place& place) {
     return [this, place](Severity severity, std::string_view code, std::string sentence) {
       Finding finding;
       finding.severity = severity;
@@ -39,7 +44,7 @@ class DesignCheck {
       finding.sentence = std::move(sentence);
       finding.file = input_.path;
       finding.element = place.number;
-      finding.offset = place.offset;
+      finding.offset = place.position;
       sink_(finding);
     };
   }
@@ -49,7 +54,8 @@ class DesignCheck {
   }
 
   void CheckHeader() {
-    const DesignHeader& header = reader_.Header();
+    const DesignHeader header = DesignHeader::Find(cursor_.File());
+    cursor_.SetIs3D(header.is_3d);
     if (!header.found) {
       Report(Severity::kWarning, "header-missing",
              "there is no design file header before the first graphics, so units and origin are unknown");
@@ -62,8 +68,8 @@ class DesignCheck {
   }
 
   void Element() {
-    const ElementView& element = reader_.View();
-    const ElementPlace place{reader_.Number(), reader_.Offset()};
+    const ElementView& element = cursor_.Element();
+    const Place place = cursor_.GetPlace();
     const ElementReport report = ReportAt(place);
     if (!element.IsWhole()) {
       const std::size_t told = DGN::EHeader::kBytes + 2 * std::size_t{element.Header().words_to_follow};
@@ -73,18 +79,18 @@ class DesignCheck {
       return;
     }
     CheckElement(element, report);
-    complexes_.Element(element, place, reader_.Offset() + static_cast<std::int64_t>(element.Bytes().size()));
+    complexes_.Element(element, place, cursor_.NextPosition());
   }
 
   void CheckEnd() {
-    if (reader_.GetEnding() == ElementReader::Ending::kNoEndWord) {
+    if (cursor_.GetEnd() == ElementCursor::End::kNoEndWord) {
       Report(Severity::kWarning, "end-missing", "the file ends without the end-of-design word");
     }
   }
 
   const Input& input_;
   const FindingSink& sink_;
-  ElementReader reader_;
+  ElementCursor cursor_;
   ComplexCheck complexes_;
 };
 

@@ -4,6 +4,7 @@
 #include "app/design/color_table.h"
 #include "app/design/element_geometry.h"
 #include "app/design/linkage.h"
+#include "app/io/interrupt.h"
 
 #include <algorithm>
 #include <optional>
@@ -63,15 +64,19 @@ void CountElement(const ElementView& element, ColorTable& colors, DesignInfo& in
 }  // namespace
 
 DesignInfo ReadDesignInfo(const Input& input) {
-  ElementReader reader(input);
+  ElementCursor cursor(input);
   DesignInfo info;
   info.file = input.path;
-  info.bytes = reader.FileLength();
-  info.header = reader.Header();
+  info.bytes = cursor.Total();
+  info.header = DesignHeader::Find(cursor.File());
+  cursor.SetIs3D(info.header.is_3d);
   ColorTable colors;
-  while (reader.Next()) CountElement(reader.View(), colors, info);
-  info.ending = reader.GetEnding();
-  info.end_offset = reader.EndOffset();
+  for (; cursor.Peek(); cursor.Take()) {
+    ThrowIfInterrupted();
+    CountElement(cursor.Element(), colors, info);
+  }
+  info.ending = cursor.GetEnd();
+  info.end_offset = cursor.GetPlace().position;
   return info;
 }
 

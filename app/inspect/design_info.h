@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/design/design_header.h"
-#include "app/design/element_reader.h"
+#include "app/design/element_cursor.h"
 #include "app/inspect/extent.h"
 #include "app/io/input_kind.h"
 
@@ -50,7 +50,8 @@ struct DesignInfo {
   std::map<std::uint16_t, std::int64_t> user_linkages;
 
   bool has_color_table = false;
-  ElementReader::Ending ending = ElementReader::Ending::kEndWord;
+  ElementCursor::End ending = ElementCursor::End::kNone;
+  /// Of the end-of-design word, of where it should stand, or of the element that is cut off.
   std::int64_t end_offset = 0;
 };
 

@@ -122,27 +122,26 @@ void PrintParts(const DesignInfo& info, std::ostream& out) {
 }
 
 std::string EndText(const DesignInfo& info) {
+  const std::string at = " at byte " + std::to_string(info.end_offset);
   switch (info.ending) {
-    case ElementReader::Ending::kEndWord:
-      return "end-of-design word at byte " + std::to_string(info.end_offset);
-    case ElementReader::Ending::kNoEndWord:
-      return "with the file, without an end-of-design word";
-    case ElementReader::Ending::kCutOff:
-      break;
+    case ElementCursor::End::kEndWord:
+      return "end-of-design word" + at;
+    case ElementCursor::End::kCutOff:
+      return "with the file, inside the element" + at;
+    default:
+      return "without an end-of-design word," + at;
   }
-  return "with the file, inside an element";
 }
 
-std::string_view EndName(ElementReader::Ending ending) {
+std::string_view EndName(ElementCursor::End ending) {
   switch (ending) {
-    case ElementReader::Ending::kEndWord:
+    case ElementCursor::End::kEndWord:
       return "end-word";
-    case ElementReader::Ending::kNoEndWord:
+    case ElementCursor::End::kCutOff:
+      return "cut-off";
+    default:
       return "no-end-word";
-    case ElementReader::Ending::kCutOff:
-      break;
   }
-  return "cut-off";
 }
 
 Json UnitsJson(const DesignHeader& header) {
