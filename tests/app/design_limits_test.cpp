@@ -6,7 +6,7 @@
 
 #include <cmath>
 #include <numbers>
-#include <tests/app/design_conversion.h>
+#include <tests/app/sink_conversion.h>
 #include <tests/dgn/words.h>
 #include <vector>
 
@@ -15,7 +15,7 @@ namespace {
 
 namespace DGN = Pelor::DGN;
 namespace MI = Pelor::MI;
-using Object = DesignConversion::Object;
+using Object = SinkConversion::Object;
 
 /// A part of so many vertices, on a large circle around the origin.
 void AddPart(MI::WPLineBody& pline, std::size_t vertices, double radius = 10000) {
@@ -56,7 +56,7 @@ std::string Outline(const std::vector<ElementView>& elements) {
 
 /// Checks what every reader relies on: lengths and counts of complex elements, joints, and that ranges hold
 /// all points. Gives all vertices, joints once.
-std::vector<DGN::point2d> Vertices(const DesignConversion& conversion) {
+std::vector<DGN::point2d> Vertices(const SinkConversion& conversion) {
   const dgn_test::TempFile copy(conversion.Bytes());
   std::vector<DGN::point2d> all;
   DGN::File file(copy.Name(), std::ios_base::in);
@@ -96,7 +96,7 @@ std::vector<DGN::point2d> Vertices(const DesignConversion& conversion) {
   return all;
 }
 
-std::size_t Approximated(const DesignConversion& conversion, const char* reason) {
+std::size_t Approximated(const SinkConversion& conversion, const char* reason) {
   const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
   const auto found = reasons.find(reason);
   return found == reasons.end() ? 0 : static_cast<std::size_t>(found->second.count);
@@ -109,7 +109,7 @@ TEST(DesignLimitsTest, PathsOfMoreThan101VerticesAreChains) {
   };
   for (const Case& c : {Case{2, "4"}, Case{101, "4"}, Case{102, "12 +4*2"}, Case{201, "12 +4*2"},
                         Case{202, "12 +4*3"}, Case{PathWriter::kMaxVertices, "12 +4*155"}}) {
-    DesignConversion conversion;
+    SinkConversion conversion;
     conversion.Add(Circle(c.vertices)).Run();
     EXPECT_EQ(Outline(conversion.Drawing()), c.outline);
     EXPECT_EQ(Vertices(conversion).size(), c.vertices);
@@ -124,7 +124,7 @@ TEST(DesignLimitsTest, RingsOfMoreThan101VerticesAreComplexShapes) {
   };
   for (const Case& c :
        {Case{4, "6"}, Case{101, "6"}, Case{102, "14 +4*2"}, Case{PathWriter::kMaxVertices, "14 +4*155"}}) {
-    DesignConversion conversion;
+    SinkConversion conversion;
     conversion.Add(Ring(c.vertices)).Run();
     EXPECT_EQ(Outline(conversion.Drawing()), c.outline);
     const std::vector<DGN::point2d> vertices = Vertices(conversion);
@@ -135,7 +135,7 @@ TEST(DesignLimitsTest, RingsOfMoreThan101VerticesAreComplexShapes) {
 }
 
 TEST(DesignLimitsTest, TheDescriptionOfTheLargestPathIsAlmostFull) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Ring(PathWriter::kMaxVertices)).Run();
   // With both linkages; a vertex takes four words.
   EXPECT_EQ(conversion.Drawing().at(0).Word(36), 65534);
@@ -143,12 +143,12 @@ TEST(DesignLimitsTest, TheDescriptionOfTheLargestPathIsAlmostFull) {
 
 TEST(DesignLimitsTest, SmoothPathsKeepTheirDirectionAcrossJoints) {
   for (const std::size_t count : {97U, 98U, 193U, 194U, unsigned{PathWriter::kMaxSmoothVertices}}) {
-    DesignConversion conversion;
+    SinkConversion conversion;
     conversion.Add(Circle(count, true)).Run();
     EXPECT_EQ(Vertices(conversion).size(), count);
     EXPECT_EQ(conversion.account.GetApproximated(), 0);
   }
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Circle(98, true)).Run();
   EXPECT_EQ(Outline(conversion.Drawing()), "12 +11*2");
   const ElementView first = conversion.Drawing().at(1);
@@ -167,7 +167,7 @@ TEST(DesignLimitsTest, SmoothPathsKeepTheirDirectionAcrossJoints) {
 }
 
 TEST(DesignLimitsTest, LongerPathsAreCutIntoAGraphicGroup) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Circle(PathWriter::kMaxVertices + 1)).Run();
   EXPECT_EQ(Outline(conversion.Drawing()), "12 +4*155 4");
   EXPECT_EQ(conversion.Drawing().front().Header().graphic_group, 1);
@@ -177,13 +177,13 @@ TEST(DesignLimitsTest, LongerPathsAreCutIntoAGraphicGroup) {
       Approximated(conversion, "more vertices than an element holds: cut into several of one graphic group"),
       1U);
 
-  DesignConversion smooth;
+  SinkConversion smooth;
   smooth.Add(Circle(PathWriter::kMaxSmoothVertices + 1, true)).Run();
   EXPECT_EQ(Outline(smooth.Drawing()), "12 +11*155 11");
 }
 
 TEST(DesignLimitsTest, LongerRingsKeepTheirOutline) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Ring(PathWriter::kMaxVertices + 1)).Run();
   EXPECT_EQ(Outline(conversion.Drawing()), "12 +4*155 4");
   EXPECT_EQ(Approximated(conversion, "more vertices than an element holds: outline alone"), 1U);
@@ -196,13 +196,13 @@ TEST(DesignLimitsTest, RingsThatDoNotFitACellStandAlone) {
     for (int i = 0; i < rings; ++i) AddPart(*outline, vertices[i], 10000 - 2000 * i);
     return MI::WRegionObj(outline, MI::Brush{2, 0, -1});
   };
-  DesignConversion fitting;
+  SinkConversion fitting;
   fitting.Add(region(2)).Run();
   EXPECT_EQ(Outline(fitting.Drawing()), "2 +14 +4*90 +14 +4*60");
   EXPECT_EQ(fitting.account.GetApproximated(), 0);
   EXPECT_EQ(Vertices(fitting).size(), 15002U);
 
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(region(3)).Run();
   EXPECT_EQ(Outline(conversion.Drawing()), "14 +4*90 14 +4*60 14 +4*10");
   EXPECT_EQ(Approximated(conversion, "more vertices than a cell holds: rings of one graphic group"), 1U);
@@ -219,7 +219,7 @@ TEST(DesignLimitsTest, CellsSkipToTheNextElement) {
   const MI::WPLineObj outline(nullptr, MI::Pen(), false);
   AddPart(*outline, 500);
   AddPart(*outline, 50, 5000);
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(MI::WRegionObj(outline, MI::Brush{2, 0, -1}));
   conversion.Add(MI::WPointObj({1, 1}, nullptr, MI::Symbol()));
   conversion.Run();

@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tests/app/design_conversion.h>
 #include <tests/app/failure_text.h>
+#include <tests/app/sink_conversion.h>
 #include <tests/dgn/words.h>
 
 namespace App {
@@ -18,7 +18,7 @@ namespace DGN = Pelor::DGN;
 namespace MI = Pelor::MI;
 using dgn_test::InWords;
 using dgn_test::Words;
-using Object = DesignConversion::Object;
+using Object = SinkConversion::Object;
 
 constexpr MI::Color kRed = 0x0000FF;
 constexpr MI::Color kBlue = 0xFF0000;
@@ -55,7 +55,7 @@ Object Region(const Parts& rings, const MI::Brush& brush = {1, 0, -1}) {
 const std::string kFirstRow = " 1007 5E62 0F81 0001 0001 0000 0000 0000";
 
 TEST(DesignSinkTest, WritesAWholeDesignFile) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Point(1, 2)).Run();
   EXPECT_EQ(conversion.Bytes().size() % 512, 0U);
   const std::vector<ElementView> elements = conversion.Elements();
@@ -71,7 +71,7 @@ TEST(DesignSinkTest, WritesAWholeDesignFile) {
 }
 
 TEST(DesignSinkTest, WritesAPointAsALineWithoutLength) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Point(1, -2, MI::Symbol(MI::StdSymbol{34, kRed, 9, MI::SLUnits_Point}))).Run();
   EXPECT_EQ(InWords(conversion.Drawing().at(0)),
             Tidy("0301 0020 8000 0064 7FFF FF38 8000 0000 8000 0064 7FFF FF38 8000 0000"
@@ -80,7 +80,7 @@ TEST(DesignSinkTest, WritesAPointAsALineWithoutLength) {
 }
 
 TEST(DesignSinkTest, WritesALineWithItsPen) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Line(0, 0, 0.004, 0.005, {3, 8, kRed, MI::SLUnits_Pixel, false})).Run();
   // Halves of a unit round up.
   EXPECT_EQ(InWords(conversion.Drawing().at(0)),
@@ -90,7 +90,7 @@ TEST(DesignSinkTest, WritesALineWithItsPen) {
 }
 
 TEST(DesignSinkTest, WritesAPolylineOfOnePartWithoutAGraphicGroup) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(PLine({{{0, 0}, {1, 1}}})).Run();
   EXPECT_EQ(InWords(conversion.Drawing().at(0)),
             Tidy("0401 0021 8000 0000 8000 0000 8000 0000 8000 0064 8000 0064 8000 0000"
@@ -99,7 +99,7 @@ TEST(DesignSinkTest, WritesAPolylineOfOnePartWithoutAGraphicGroup) {
 }
 
 TEST(DesignSinkTest, JoinsTheLinesOfAMultiPartPolylineInAGraphicGroup) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}, {3, 3}}}));
   conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}, {3, 3}}, {{5, 5}, {6, 6}, {7, 5}}}));
   conversion.Run();
@@ -116,7 +116,7 @@ TEST(DesignSinkTest, JoinsTheLinesOfAMultiPartPolylineInAGraphicGroup) {
 }
 
 TEST(DesignSinkTest, WritesASmoothPolylineAsACurve) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(PLine({{{0, 0}, {1, 0}, {1, 2}}}, true)).Run();
   // Two points before the first and two behind the last go on in the same direction.
   EXPECT_EQ(InWords(conversion.Drawing().at(0)).substr(0, 5 * 47),
@@ -129,7 +129,7 @@ TEST(DesignSinkTest, WritesASmoothPolylineAsACurve) {
 }
 
 TEST(DesignSinkTest, LeavesOutPartsThatAreNoLines) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(PLine({{{0, 0}, {1, 1}}, {{2, 2}}}));
   conversion.Add(PLine({{{2, 2}}}));
   conversion.Add(PLine({}));
@@ -145,7 +145,7 @@ TEST(DesignSinkTest, LeavesOutPartsThatAreNoLines) {
 }
 
 TEST(DesignSinkTest, WritesARegionAsAShapeWithItsFill) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Region({{{0, 0}, {1, 0}, {1, 1}}}, {2, kBlue, -1})).Run();
   EXPECT_EQ(InWords(conversion.Drawing().at(0)),
             Tidy("0601 0031 8000 0000 8000 0000 8000 0000 8000 0064 8000 0064 8000 0000"
@@ -155,7 +155,7 @@ TEST(DesignSinkTest, WritesARegionAsAShapeWithItsFill) {
 }
 
 TEST(DesignSinkTest, GathersARegionsRingsAsHolesUnderAnUnnamedCell) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(
       Region({{{0, 0}, {9, 0}, {9, 9}}, {{5, 1}, {6, 1}, {6, 2}}, {{7, 1}, {8, 1}, {8, 2}}}, {2, kRed, -1}));
   conversion.Run();
@@ -178,7 +178,7 @@ TEST(DesignSinkTest, GathersARegionsRingsAsHolesUnderAnUnnamedCell) {
 }
 
 TEST(DesignSinkTest, WritesRectanglesEllipsesAndArcs) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(MI::WRectObj({3, 2, 1, 1}, nullptr, {}, {1, 0, -1}));
   conversion.Add(MI::WEllipseObj({-10000, 4, 10000, 9}, nullptr, {}, {2, kRed, -1}));
   conversion.Add(MI::WArcObj({-1, -0.5, 1, 0.5}, Vanth::Angle(350, Vanth::Angle::Degrees),
@@ -204,7 +204,7 @@ TEST(DesignSinkTest, WritesRectanglesEllipsesAndArcs) {
 }
 
 TEST(DesignSinkTest, FlattensRoundedRectangles) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.tolerance = 0.1;
   conversion.Add(MI::WRRectObj({0, 0, 10, 20}, 4, nullptr, {}, {1, 0, -1})).Run();
   const std::vector<ElementView> drawing = conversion.Drawing();
@@ -226,7 +226,7 @@ MI::WTextObj Text(const char* text, const Vanth::RectXY& box, double degrees = 0
 }
 
 TEST(DesignSinkTest, WritesATextFromItsBox) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Text("Town", {1, 2, 13, 5})).Run();
   // Characters of 300 by 300 units of resolution, their feet at (100, 200).
   EXPECT_EQ(
@@ -237,7 +237,7 @@ TEST(DesignSinkTest, WritesATextFromItsBox) {
 }
 
 TEST(DesignSinkTest, TurnsATextAboutTheUpperLeftCornerOfItsBox) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Text("Town", {1, 2, 13, 5}, 90)).Run();
   const ElementView text = conversion.Drawing().at(0);
   // The corner (1, 5) stays; the feet of the text turn from below it to its right.
@@ -249,7 +249,7 @@ TEST(DesignSinkTest, TurnsATextAboutTheUpperLeftCornerOfItsBox) {
 
 TEST(DesignSinkTest, WritesTheLinesOfATextAsATextNode) {
   for (const char* lines : {"first\\n2nd\\nlast!", "first\n2nd\r\nlast!"}) {
-    DesignConversion conversion;
+    SinkConversion conversion;
     const MI::WTextObj object = Text(lines, {0, 0, 10, 6});
     object->SetJustification(2);
     conversion.Add(object).Run();
@@ -271,7 +271,7 @@ TEST(DesignSinkTest, WritesTheLinesOfATextAsATextNode) {
 }
 
 TEST(DesignSinkTest, SpreadsLinesBySpacing) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   const MI::WTextObj object = Text("a\\nb", {0, 0, 10, 6});
   object->SetSpacing(2);
   conversion.Add(object).Run();
@@ -282,7 +282,7 @@ TEST(DesignSinkTest, SpreadsLinesBySpacing) {
 }
 
 TEST(DesignSinkTest, ConvertsTextsToTheCharacterSet) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Text("Z\xC3\xBCrich", {0, 0, 6, 1}));
   conversion.Add(Text("\xE4\xB8\xADZ", {0, 0, 2, 1}));
   conversion.Run();
@@ -296,7 +296,7 @@ TEST(DesignSinkTest, ConvertsTextsToTheCharacterSet) {
 }
 
 TEST(DesignSinkTest, CutsLongLinesOfTextIntoElementsAndVeryLongTexts) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Text(std::string(300, 'x').c_str(), {0, 0, 300, 1}));
   conversion.Add(Text(std::string(5000, 'x').c_str(), {0, 0, 300, 1}));
   conversion.Add(Text("", {0, 0, 300, 1}));
@@ -313,7 +313,7 @@ TEST(DesignSinkTest, CutsLongLinesOfTextIntoElementsAndVeryLongTexts) {
 }
 
 TEST(DesignSinkTest, SaysWhatATextLoses) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units.uors_per_master = 1000000;
   MI::WTextObj labelled = Text("a", {0, 0, 1, 1});
   labelled->SetLabelKind(1);
@@ -327,7 +327,7 @@ TEST(DesignSinkTest, SaysWhatATextLoses) {
 }
 
 TEST(DesignSinkTest, SaysWhatStylesLose) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Line(0, 0, 1, 1, {1, 1, 0, MI::SLUnits_Pixel, false}));
   conversion.Add(Region({{{0, 0}, {1, 0}, {1, 1}}}, {5, kRed, -1}));
   conversion.Run();
@@ -338,7 +338,7 @@ TEST(DesignSinkTest, SaysWhatStylesLose) {
 }
 
 TEST(DesignSinkTest, HidesTheBorderOfAnAreaWithoutOne) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(MI::WRectObj({0, 0, 1, 1}, nullptr, {1, 1, 0, MI::SLUnits_Pixel, false}, {2, kRed, -1}))
       .Run();
   EXPECT_EQ(conversion.Drawing().at(0).Header().Color(), 3U);
@@ -346,7 +346,7 @@ TEST(DesignSinkTest, HidesTheBorderOfAnAreaWithoutOne) {
 }
 
 TEST(DesignSinkTest, WritesTheColorsThatWereUsed) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Line(0, 0, 1, 1, {1, 2, 0x112233, MI::SLUnits_Pixel, false})).Run();
   ColorTable table;
   ASSERT_TRUE(table.Decode(conversion.Elements().at(1)));
@@ -354,7 +354,7 @@ TEST(DesignSinkTest, WritesTheColorsThatWereUsed) {
 }
 
 TEST(DesignSinkTest, CountsColorsBeyondTheTableAsApproximated) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   for (int i = 0; i < 256; ++i)
     conversion.Add(Line(0, 0, 1, 1, {1, 2, 0x640001 + i * 256, MI::SLUnits_Pixel, false}));
   conversion.Run();
@@ -364,7 +364,7 @@ TEST(DesignSinkTest, CountsColorsBeyondTheTableAsApproximated) {
 }
 
 TEST(DesignSinkTest, TakesLevelColorAndKeyFromColumns) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.schema.columns = {
       {"ID", MI::Integer_t(), 0}, {"Lvl", MI::Integer_t(), 0}, {"Col", MI::Integer_t(), 0}};
   conversion.options.key_column = "id";
@@ -390,14 +390,14 @@ TEST(DesignSinkTest, TakesLevelColorAndKeyFromColumns) {
 }
 
 TEST(DesignSinkTest, RefusesAColumnThatIsNotThere) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.level_column = "Street";
   EXPECT_EQ(FailureText([&] { conversion.Run(); }), "there is no column \"Street\" to take the level from");
   EXPECT_TRUE(conversion.folder.Names().empty());
 }
 
 TEST(DesignSinkTest, KeepsRowsWithoutAnObjectInTheTable) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.schema.columns = {{"name", MI::Character_t(), 9, 0}};
   conversion.Add(Object(new MI::WNoBody(nullptr)), {"nothing"});
   conversion.Add(Point(0, 0), {"point"});
@@ -411,7 +411,7 @@ TEST(DesignSinkTest, KeepsRowsWithoutAnObjectInTheTable) {
 }
 
 TEST(DesignSinkTest, SkipsWhatHasNoPlaceOnThePlane) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Point(std::nan(""), 1));
   conversion.Add(Line(0, 0, INFINITY, 1));
   conversion.Add(MI::WEllipseObj({0, 0, std::nan(""), 1}, nullptr, {}, {}));
@@ -427,7 +427,7 @@ TEST(DesignSinkTest, SkipsWhatHasNoPlaceOnThePlane) {
 }
 
 TEST(DesignSinkTest, RefusesAnExtentThatDoesNotFitAndLeavesNothing) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.Add(Line(0, 0, 3e7, 1));
   EXPECT_EQ(FailureText([&] { conversion.Run(); }),
             (conversion.folder / "map.dgn").string() +
@@ -447,7 +447,7 @@ TEST(DesignSinkTest, LeavesNothingBehindWithoutClose) {
 }
 
 TEST(DesignSinkTest, StatesTheUnitsItChose) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units = {};
   conversion.schema.system =
       Tobri::IRefC<MI::CoordSys>(new MI::CoordSys(MI::NonEarth_t(), MI::Units_deg, {}));

@@ -10,9 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tests/app/design_conversion.h>
 #include <tests/app/design_elements.h>
 #include <tests/app/failure_text.h>
+#include <tests/app/sink_conversion.h>
 
 namespace App {
 namespace {
@@ -52,7 +52,7 @@ MI::WPLineObj TwoParts() {
 }
 
 TEST(SeedTest, IsCopiedAndGivesItsUnits) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units = {};
   conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes());
   conversion.Add(TwoParts()).Run();
@@ -70,7 +70,7 @@ TEST(SeedTest, IsCopiedAndGivesItsUnits) {
 }
 
 TEST(SeedTest, ItsUnitsCanBeReplaced) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units = {};
   conversion.options.units.uors_per_master = 1000;
   conversion.options.units.names = UnitNames{"yd", "ty"};
@@ -89,7 +89,7 @@ TEST(SeedTest, ItsUnitsCanBeReplaced) {
 }
 
 TEST(SeedTest, ItsColorTableIsKept) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units = {};
   conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes(true));
   conversion.Add(TwoParts()).Run();
@@ -101,7 +101,7 @@ TEST(SeedTest, ItsColorTableIsKept) {
 }
 
 TEST(SeedTest, AnExtentBeyondItsPlaneIsRefused) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.units = {};
   conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes());
   conversion.Add(MI::WPointObj({2e7, 0}, nullptr, MI::Symbol()));
@@ -114,7 +114,7 @@ TEST(SeedTest, AnExtentBeyondItsPlaneIsRefused) {
 }
 
 TEST(SeedTest, IsNeverReplaced) {
-  DesignConversion conversion;
+  SinkConversion conversion;
   conversion.options.seed = conversion.folder.Write("map.dgn", SeedBytes());
   EXPECT_NE(FailureText([&] { conversion.Run(); }), "");
   conversion.overwrite = true;

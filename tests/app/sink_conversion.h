@@ -18,25 +18,25 @@ namespace App {
 
 /// Puts objects into a design "map.dgn" in a folder of its own, 100 units of resolution to the metre and the
 /// origin in the middle, and has the result ready for a look.
-class DesignConversion {
+class SinkConversion {
  public:
   using Object = Pelor::MI::WObjRf<Pelor::MI::WObjBody>;
   using Row = std::vector<Tobri::String>;
 
-  DesignConversion() {
+  SinkConversion() {
     options.units.uors_per_master = 100;
     options.units.middle = Vanth::PointXY{0, 0};
     schema.system = Tobri::IRefC<Pelor::MI::CoordSys>(
         new Pelor::MI::CoordSys(Pelor::MI::NonEarth_t(), Pelor::MI::Units_m, {}));
   }
 
-  DesignConversion& Add(Object object, Row row = {}) {
+  SinkConversion& Add(Object object, Row row = {}) {
     objects_.emplace_back(std::move(object), std::move(row));
     return *this;
   }
 
   /// Throws what the sink throws.
-  DesignConversion& Run() {
+  SinkConversion& Run() {
     DesignExtent extent;
     for (const auto& [object, row] : objects_) extent.Add(*object);
     DesignSink sink(folder / "map.dgn", std::make_unique<OutputFiles>(overwrite), schema, extent, options);
