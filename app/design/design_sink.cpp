@@ -85,7 +85,7 @@ DesignExtent MeasureExtent(FeatureSource& source) {
 }
 
 DesignSink::DesignSink(const std::filesystem::path& design, std::unique_ptr<OutputFiles> files,
-                       const Schema& schema, const DesignExtent& extent, const DesignOptions& options)
+                       const Schema& schema, const DesignExtent& extent, const DesignSinkOptions& options)
     : files_(std::move(files)),
       options_(options),
       start_(Settle(design, *files_, schema, extent, options)),
@@ -109,7 +109,7 @@ DesignSink::DesignSink(const std::filesystem::path& design, std::unique_ptr<Outp
 
 DesignSink::Start DesignSink::Settle(const std::filesystem::path& design, OutputFiles& files,
                                      const Schema& schema, const DesignExtent& extent,
-                                     const DesignOptions& options) {
+                                     const DesignSinkOptions& options) {
   Start start;
   if (!options.seed.empty()) {
     files.AddInput(options.seed);
@@ -133,7 +133,7 @@ Palette DesignSink::StartPalette(const Start& start) {
   return start.seed && start.seed->colors ? Palette(*start.seed->colors) : Palette();
 }
 
-ObjectWriter::Settings DesignSink::WriterSettings(const Start& start, const DesignOptions& options) {
+ObjectWriter::Settings DesignSink::WriterSettings(const Start& start, const DesignSinkOptions& options) {
   ObjectWriter::Settings settings;
   settings.units = start.units;
   settings.tolerance = options.tolerance.value_or(kToleranceUors / start.units.UorsPerMaster());

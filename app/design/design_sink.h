@@ -20,7 +20,7 @@
 namespace App {
 
 /// How map objects become a design.
-struct DesignOptions {
+struct DesignSinkOptions {
   UnitChoice units;
   /// The design to start from; empty for none.
   std::filesystem::path seed;
@@ -55,7 +55,7 @@ class DesignSink final : public FeatureSink {
   /// The table stands beside the design, its extension "csv". `files` has the inputs already; the sink
   /// commits it. Throws `Failure` when the extent does not fit, and for options that cannot be met.
   DesignSink(const std::filesystem::path& design, std::unique_ptr<OutputFiles> files, const Schema& schema,
-             const DesignExtent& extent, const DesignOptions& options);
+             const DesignExtent& extent, const DesignSinkOptions& options);
 
   void Put(Feature& feature, Account& account) override;
   void Close(Account& account) override;
@@ -72,17 +72,17 @@ class DesignSink final : public FeatureSink {
 
   [[nodiscard]] static Start Settle(const std::filesystem::path& design, OutputFiles& files,
                                     const Schema& schema, const DesignExtent& extent,
-                                    const DesignOptions& options);
+                                    const DesignSinkOptions& options);
   [[nodiscard]] static Palette StartPalette(const Start& start);
   [[nodiscard]] static ObjectWriter::Settings WriterSettings(const Start& start,
-                                                             const DesignOptions& options);
+                                                             const DesignSinkOptions& options);
 
   [[nodiscard]] std::optional<std::uint32_t> KeyOf(const Feature& feature);
   [[nodiscard]] ObjectLook LookOf(const Feature& feature);
   void StateAssumptions(Account& account) const;
 
   std::unique_ptr<OutputFiles> files_;
-  DesignOptions options_;
+  DesignSinkOptions options_;
   Start start_;
   std::optional<std::size_t> key_column_;
   std::optional<std::size_t> level_column_;

@@ -75,7 +75,7 @@ class SinkConversion {
 
   ScratchFolder folder;
   Schema schema;
-  DesignOptions options;
+  DesignSinkOptions options;
   bool overwrite = false;
   Account account;
 
