@@ -23,7 +23,8 @@ void Read(WObjRf<WObjBody>& object, Tobri::IxText& in, const Tobri::IRefC<MI::Co
     return;
   }
   object.Copy();
-  object->ReadMIF(in);
+  // None has nothing behind its keyword, and its reader would take that of a None that follows.
+  if (word.id != None) object->ReadMIF(in);
 }
 
 }  // namespace Pelor::MIF

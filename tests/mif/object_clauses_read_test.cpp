@@ -80,6 +80,12 @@ TEST(ReadObjectTest, ObjectIsReplacedEvenIfNoneFollows) {
   EXPECT_EQ(object, nullptr);
 }
 
+TEST(ReadObjectTest, EachOfSeveralNonesIsAnObject) {
+  Mif mif("None\nNone\nNONE\n");
+  for (int i = 0; i < 3; ++i) EXPECT_NE(ReadOne(mif), nullptr) << i;
+  EXPECT_EQ(ReadOne(mif), nullptr);
+}
+
 TEST(ReadObjectTest, ObjectHasTheCoordinateSystemGiven) {
   Tobri::IRefC<CoordSys> system(new CoordSys());
   Mif mif("Point 1 2\n");
