@@ -3,6 +3,7 @@
 #include "app/inspect/design_check.h"
 #include "app/inspect/finding.h"
 #include "app/inspect/layout.h"
+#include "app/inspect/pair_check.h"
 #include "app/io/failure.h"
 
 #include <nlohmann/json.hpp>
@@ -77,10 +78,15 @@ class CheckRun {
     try {
       const Input input = RecogniseInput(name);
       Begin(input);
-      CheckDesign(input, [&](const Finding& finding) {
+      const FindingSink sink = [&](const Finding& finding) {
         Tell(finding, tally);
         tally.Add(finding.severity);
-      });
+      };
+      if (input.IsDesign()) {
+        CheckDesign(input, sink);
+      } else {
+        CheckPair(input, sink);
+      }
       End(name, tally);
     } catch (const Failure& failure) {
       Fail(name, failure.what());

@@ -35,6 +35,10 @@ std::string Counted(std::int64_t count, std::string_view noun) {
   return ToText(count).append(" ").append(noun).append(count == 1 ? "" : "s");
 }
 
+std::string ThereAre(std::int64_t count, std::string_view noun) {
+  return (count == 1 ? "there is " : "there are ") + Counted(count, noun);
+}
+
 void PrintLine(std::ostream& out, std::string_view what, std::string_view text) {
   out << "  " << std::left << std::setfill(' ') << std::setw(kWhatWidth) << what << "  " << text << '\n';
 }

@@ -16,6 +16,9 @@ namespace App {
 /// "1 element", "2 elements": the plural is made with an s.
 [[nodiscard]] std::string Counted(std::int64_t count, std::string_view noun);
 
+/// "there is 1 element", "there are 2 elements".
+[[nodiscard]] std::string ThereAre(std::int64_t count, std::string_view noun);
+
 /// One line of a listing: what it tells in a column of its own, and the text.
 void PrintLine(std::ostream& out, std::string_view what, std::string_view text);
 /// A line that continues the one before.
