@@ -1,0 +1,80 @@
+#include "app/pair/header_transform.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace App {
+
+namespace {
+
+namespace MI = Pelor::MI;
+using Vanth::Angle;
+using Vanth::RectXY;
+
+RectXY Transformed(const RectXY& rect, const MI::Transform& transform) {
+  Vanth::PointXY a{rect.x1, rect.y1};
+  Vanth::PointXY b{rect.x2, rect.y2};
+  transform.Apply(a);
+  transform.Apply(b);
+  // What has mirrored an axis has changed the order of the corners as well.
+  if (transform.scaleX < 0.0) std::swap(a.x, b.x);
+  if (transform.scaleY < 0.0) std::swap(a.y, b.y);
+  return {a.x, a.y, b.x, b.y};
+}
+
+Angle Transformed(const Angle& angle, const MI::Transform& transform) {
+  if (transform.scaleX == transform.scaleY && transform.scaleX > 0.0) return angle;
+  const double radians = angle(Angle::Radians, Angle::AsStored);
+  return Angle(std::atan2(std::sin(radians) * transform.scaleY, std::cos(radians) * transform.scaleX));
+}
+
+void Apply(MI::WArcBody& arc, const MI::Transform& transform) {
+  Angle start = Transformed(arc.GetStartAngle(), transform);
+  Angle end = Transformed(arc.GetEndAngle(), transform);
+  // An arc runs counter-clockwise, in a mirror too.
+  if ((transform.scaleX < 0.0) != (transform.scaleY < 0.0)) std::swap(start, end);
+  arc.SetRect(Transformed(arc.GetRect(), transform));
+  arc.SetStartAngle(start);
+  arc.SetEndAngle(end);
+}
+
+void Apply(MI::WTextBody& text, const MI::Transform& transform) {
+  const RectXY box = Transformed(text.GetBox(), transform);
+  text.Apply(transform);
+  text.SetBox(box);
+}
+
+template <class Body>
+void ApplyToRect(MI::WObjBody& object, const MI::Transform& transform) {
+  auto& body = static_cast<Body&>(object);
+  body.SetRect(Transformed(body.GetRect(), transform));
+}
+
+}  // namespace
+
+void ApplyTransform(MI::WObjBody& object, const MI::Transform& transform) {
+  switch (object.GetType()) {
+    case MI::WObjType_Rect:
+      ApplyToRect<MI::WRectBody>(object, transform);
+      break;
+    case MI::WObjType_RRect: {
+      ApplyToRect<MI::WRRectBody>(object, transform);
+      auto& rounded = static_cast<MI::WRRectBody&>(object);
+      rounded.SetRounding(rounded.GetRounding() * std::abs(transform.scaleX));
+      break;
+    }
+    case MI::WObjType_Ellipse:
+      ApplyToRect<MI::WEllipseBody>(object, transform);
+      break;
+    case MI::WObjType_Arc:
+      Apply(static_cast<MI::WArcBody&>(object), transform);
+      break;
+    case MI::WObjType_Text:
+      Apply(static_cast<MI::WTextBody&>(object), transform);
+      break;
+    default:
+      object.Apply(transform);
+  }
+}
+
+}  // namespace App

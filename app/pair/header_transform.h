@@ -1,0 +1,11 @@
+#pragma once
+
+#include <pelor/mi.h>
+
+namespace App {
+
+/// Applies the transform to the object as its header means it. The library's own way scales both axes of
+/// boxes alike and leaves mirrored ones as they come.
+void ApplyTransform(Pelor::MI::WObjBody& object, const Pelor::MI::Transform& transform);
+
+}  // namespace App
