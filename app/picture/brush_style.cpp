@@ -41,19 +41,21 @@ Hatch GetHatch(std::int32_t pattern) {
   }
 }
 
+// Many lines to a tile: viewers of vector pictures show the seams between tiles.
+constexpr int kHatchTile = 64;  // a multiple of every spacing
+
 void DrawHatch(cairo_t* cairo, const Hatch& hatch) {
-  const double size = hatch.spacing;
   const auto line = [&](double x1, double y1, double x2, double y2) {
     cairo_move_to(cairo, x1, y1);
     cairo_line_to(cairo, x2, y2);
   };
-  // Straight lines through the middles of pixels are sharp. Diagonals also show at the corners that the
-  // tile's neighbours begin with.
-  if ((hatch.lines & kHorizontal) != 0) line(0, 0.5, size, 0.5);
-  if ((hatch.lines & kVertical) != 0) line(0.5, 0, 0.5, size);
-  for (const double shift : {-size, 0.0, size}) {
-    if ((hatch.lines & kFalling) != 0) line(shift - 1, -1, shift + size + 1, size + 1);
-    if ((hatch.lines & kRising) != 0) line(shift - 1, size + 1, shift + size + 1, -1);
+  // Diagonals also begin a whole tile before this one, and all end beyond its sides.
+  for (double at = -kHatchTile; at <= kHatchTile; at += hatch.spacing) {
+    // Straight lines through the middles of pixels are sharp.
+    if ((hatch.lines & kHorizontal) != 0) line(0, at + 0.5, kHatchTile, at + 0.5);
+    if ((hatch.lines & kVertical) != 0) line(at + 0.5, 0, at + 0.5, kHatchTile);
+    if ((hatch.lines & kFalling) != 0) line(at - 1, -1, at + kHatchTile + 1, kHatchTile + 1);
+    if ((hatch.lines & kRising) != 0) line(at - 1, kHatchTile + 1, at + kHatchTile + 1, -1);
   }
   cairo_set_line_width(cairo, 1.0);
   cairo_stroke(cairo);
@@ -91,8 +93,7 @@ void DrawDots(cairo_t* cairo, std::int32_t pattern) {
 
 CairoPtr<cairo_pattern_t> MakeTile(cairo_t* cairo, const MI::Brush& brush) {
   const bool is_hatch = brush.pattern < kFirstTexture;
-  const Hatch hatch = GetHatch(brush.pattern);
-  const int size = is_hatch ? static_cast<int>(hatch.spacing) : kMaskSize * DotSize(brush.pattern);
+  const int size = is_hatch ? kHatchTile : kMaskSize * DotSize(brush.pattern);
   const CairoPtr<cairo_surface_t> surface(
       cairo_surface_create_similar(cairo_get_target(cairo), CAIRO_CONTENT_COLOR_ALPHA, size, size));
   const CairoPtr<cairo_t> tile(cairo_create(surface.get()));
@@ -102,7 +103,7 @@ CairoPtr<cairo_pattern_t> MakeTile(cairo_t* cairo, const MI::Brush& brush) {
   }
   SetColor(tile.get(), brush.foreColor);
   if (is_hatch) {
-    DrawHatch(tile.get(), hatch);
+    DrawHatch(tile.get(), GetHatch(brush.pattern));
   } else {
     DrawDots(tile.get(), brush.pattern);
   }

@@ -36,8 +36,8 @@ bool Meet(const BoundsXY& a, const BoundsXY& b) {
 class Selection {
  public:
   Selection(const Schema& schema, const PictureOptions& options)
-      : options_(options), level_column_(options.is_shown ? FindLevelColumn(schema) : -1) {
-    if (options.is_shown && level_column_ < 0) {
+      : options_(options), level_column_(options.levels ? FindLevelColumn(schema) : -1) {
+    if (options.levels && level_column_ < 0) {
       throw Failure("levels cannot be chosen: there is no column of that name");
     }
   }
@@ -63,9 +63,9 @@ class Selection {
     const auto column = static_cast<std::size_t>(level_column_);
     if (column >= feature.values.size()) return false;
     const std::string_view text = feature.values[column];
-    std::int64_t level = 0;
+    unsigned level = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), level);
-    return error == std::errc() && end == text.data() + text.size() && options_.is_shown(level);
+    return error == std::errc() && end == text.data() + text.size() && options_.levels->Contains(level);
   }
 
   const PictureOptions& options_;

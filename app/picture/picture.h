@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/convert/feature.h"
+#include "app/convert/number_set.h"
 #include "app/picture/picture_format.h"
 #include <pelor/mi.h>
 
-#include <cstdint>
 #include <functional>
 #include <iosfwd>
 #include <memory>
@@ -20,9 +20,9 @@ using SourceOpener = std::function<std::unique_ptr<FeatureSource>()>;
 struct PictureOptions {
   double width = 1200.0;  ///< pixels; the height follows from the map
   double margin = 24.0;
-  Pelor::MI::Color background = 0xFFFFFF;      ///< negative for none
-  std::optional<Vanth::BoundsXY> window;       ///< the part of the map to draw; all of it without one
-  std::function<bool(std::int64_t)> is_shown;  ///< whether a level is drawn; every level when empty
+  Pelor::MI::Color background = 0xFFFFFF;  ///< negative for none
+  std::optional<Vanth::BoundsXY> window;   ///< the part of the map to draw; all of it without one
+  std::optional<NumberSet> levels;         ///< the levels to draw; all of them without a set
 };
 
 /// The widths that a picture may have.
@@ -32,7 +32,7 @@ inline constexpr double kLargestPicture = 16384.0;
 // Reasons for what is not drawn.
 inline constexpr std::string_view kNoNumbers = "coordinates that are no numbers";
 inline constexpr std::string_view kTooLarge = "text too large for the picture";
-inline constexpr std::string_view kOtherLevel = "on another level";
+inline constexpr std::string_view kOtherLevel = "on a level that was not chosen";
 inline constexpr std::string_view kOutside = "outside the window";
 
 /// Draws the features of a source and writes the picture to `out`. Throws `Failure` when it cannot, and when

@@ -40,7 +40,8 @@ ScaleBar MakeScaleBar(double scale, double most_pixels, const MI::CoordSys* syst
   // Twelve digits hide what the conversion and the powers of ten have rounded.
   char number[Tobri::kGeneralSize];
   bar.label.assign(number, Tobri::FormatGeneral(number, length, 12));
-  bar.label += ' ' + (unit.empty() ? std::string("units") : unit);
+  if (unit.empty()) unit = length == 1 ? "unit" : "units";
+  bar.label += ' ' + unit;
   return bar;
 }
 

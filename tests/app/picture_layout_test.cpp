@@ -84,6 +84,7 @@ TEST(ScaleBarTest, NamesTheUnit) {
   const CoordSys degrees;
   EXPECT_EQ(LabelOf(4.0, &degrees), "50 deg");
   EXPECT_EQ(LabelOf(1.0, nullptr), "200 units");
+  EXPECT_EQ(LabelOf(150.0, nullptr), "1 unit");
   const CoordSys unknown(NonEarth_t(), Pelor::MI::Units_Unknown, {});
   EXPECT_EQ(LabelOf(1.0, &unknown), "200 units");
 }

@@ -164,7 +164,7 @@ TEST(PictureTest, LevelsAreChosenByTheirColumn) {
   Schema schema;
   schema.columns = {{"Name", Pelor::MI::Character_t(), 10, 0}, {"LEVEL", Pelor::MI::SmallInt_t(), 0}};
   PictureOptions options = SmallPicture();
-  options.is_shown = [](std::int64_t level) { return level == 7; };
+  options.levels = ParseLevels("1,7-9");
   const Drawn drawn = Draw(std::string(kTwoSquares) + "Rect 0 0 900 900\nPen (1,1,0) Brush (2,0,0)\n",
                            options, PictureFormat::kPng, {{"a", "6"}, {"b", "7"}, {"c", ""}}, schema);
   const Png png(drawn.bytes);
@@ -176,7 +176,7 @@ TEST(PictureTest, LevelsAreChosenByTheirColumn) {
 
 TEST(PictureTest, LevelsNeedAColumn) {
   PictureOptions options = SmallPicture();
-  options.is_shown = [](std::int64_t) { return true; };
+  options.levels = ParseLevels("1");
   EXPECT_EQ(FailureText([&] { Draw(kTwoSquares, options, PictureFormat::kPng); }),
             "levels cannot be chosen: there is no column of that name");
 }
