@@ -1,6 +1,7 @@
 #include "app/command/check.h"
 #include "app/command/dump.h"
 #include "app/command/info.h"
+#include "app/command/plot.h"
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include <pelor/version.h>
@@ -67,6 +68,7 @@ int Run(int argc, char** argv) {
   AddInfoCommand(program, exit_code);
   AddCheckCommand(program, exit_code);
   AddDumpCommand(program, exit_code);
+  AddPlotCommand(program, exit_code);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -15,11 +15,8 @@ using Vanth::BoundsXY;
 using Vanth::PointXY;
 using Vanth::RectXY;
 
-// Far beyond any map, and its square is still a number.
-constexpr double kLargest = 1e100;
-
 bool IsUsable(double number) {
-  return std::fabs(number) <= kLargest;  // false for NaN
+  return std::fabs(number) <= kLargestCoordinate;  // false for NaN
 }
 
 // Collects points and remembers whether all were usable.

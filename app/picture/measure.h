@@ -7,6 +7,9 @@
 
 namespace App {
 
+/// Coordinates up to here are drawn. It is far beyond any map, and its square is still a number.
+inline constexpr double kLargestCoordinate = 1e100;
+
 /// The corners of a text's box as it is drawn, turned about the upper left one: upper left, upper right,
 /// lower right, lower left.
 [[nodiscard]] std::array<Vanth::PointXY, 4> TextCorners(const Pelor::MI::WTextBody& text);

@@ -17,6 +17,8 @@ namespace {
 namespace MI = Pelor::MI;
 using Vanth::BoundsXY;
 
+constexpr MI::Color kBlack = 0;
+constexpr MI::Color kWhite = 0xFFFFFF;
 constexpr std::string_view kLevelColumn = "level";
 
 // The column that holds the level; -1 without one.
@@ -88,14 +90,6 @@ BoundsXY FindExtent(FeatureSource& source, const PictureOptions& options) {
   return extent;
 }
 
-// Black or white, whichever can be read on the background.
-MI::Color InkOn(MI::Color background) {
-  if (background < 0) return 0;
-  const int brightness =
-      299 * (background & 0xFF) + 587 * (background >> 8 & 0xFF) + 114 * (background >> 16 & 0xFF);
-  return brightness < 128 * 1000 ? 0xFFFFFF : 0;
-}
-
 void DrawFeatures(FeatureSource& source, const PictureOptions& options, Painter& painter, Account& account) {
   const Selection selection(source.GetSchema(), options);
   Feature feature;
@@ -139,7 +133,7 @@ void WritePicture(const SourceOpener& open, const PictureOptions& options, Pictu
   constexpr double kBarPart = 0.25;  // of the map's width
   const ScaleBar bar =
       MakeScaleBar(frame.scale, kBarPart * frame.map.Width(), source->GetSchema().system.Get());
-  DrawScaleBar(cairo, bar, frame, InkOn(options.background));
+  DrawScaleBar(cairo, bar, frame, IsDark(options.background) ? kWhite : kBlack);
   canvas.Finish();
 }
 

@@ -68,4 +68,10 @@ Pelor::MI::Color ParseColor(std::string_view text) {
                 "\" is no colour: give a name such as white or gray, #rrggbb, or none");
 }
 
+bool IsDark(Pelor::MI::Color color) noexcept {
+  // The three parts as the eye weighs them (ITU-R BT.601), in thousandths.
+  const int brightness = 299 * (color & 0xFF) + 587 * (color >> 8 & 0xFF) + 114 * (color >> 16 & 0xFF);
+  return color >= 0 && brightness < 128 * 1000;
+}
+
 }  // namespace App

@@ -16,4 +16,7 @@ enum class PictureFormat : std::uint8_t { kSvg, kPng, kPdf };
 /// The colour of a name, in any case, or of "#rrggbb"; -1 for "none". Throws `Failure` for any other text.
 [[nodiscard]] Pelor::MI::Color ParseColor(std::string_view text);
 
+/// Whether white can be read on a colour better than black can; never on none.
+[[nodiscard]] bool IsDark(Pelor::MI::Color color) noexcept;
+
 }  // namespace App

@@ -241,5 +241,16 @@ TEST(ParseColorTest, KnowsNamesAndNumbers) {
   }
 }
 
+TEST(IsDarkTest, WeighsColoursAsTheEyeDoes) {
+  EXPECT_TRUE(IsDark(ParseColor("black")));
+  EXPECT_TRUE(IsDark(ParseColor("blue")));
+  EXPECT_TRUE(IsDark(ParseColor("red")));
+  EXPECT_FALSE(IsDark(ParseColor("lime")));
+  EXPECT_FALSE(IsDark(ParseColor("white")));
+  EXPECT_TRUE(IsDark(ParseColor("#7f7f7f")));
+  EXPECT_FALSE(IsDark(ParseColor("gray")));
+  EXPECT_FALSE(IsDark(ParseColor("none")));
+}
+
 }  // namespace
 }  // namespace App
