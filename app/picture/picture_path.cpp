@@ -21,6 +21,7 @@ PointXY Between(const PointXY& a, const PointXY& b, double t) {
 void PicturePath::Clear() noexcept {
   points_.clear();
   starts_.clear();
+  is_all_visible_ = true;
 }
 
 void PicturePath::BeginPart() {
@@ -33,11 +34,16 @@ void PicturePath::Add(const PointXY& point) {
     const PointXY& before = points_.back();
     if (std::fabs(point.x - before.x) < kClosest && std::fabs(point.y - before.y) < kClosest) return;
   }
-  points_.push_back(point);
+  Keep(point);
 }
 
 void PicturePath::EndPart() {
-  if (points_.size() > starts_.back() && points_.back() != last_) points_.push_back(last_);
+  if (points_.size() > starts_.back() && points_.back() != last_) Keep(last_);
+}
+
+void PicturePath::Keep(const PointXY& point) {
+  points_.push_back(point);
+  is_all_visible_ = is_all_visible_ && visible_.Contains(point);
 }
 
 std::span<const PointXY> PicturePath::Part(std::size_t i) const noexcept {
@@ -46,7 +52,8 @@ std::span<const PointXY> PicturePath::Part(std::size_t i) const noexcept {
 }
 
 bool PicturePath::IsVisible(std::span<const PointXY> part) const noexcept {
-  return std::all_of(part.begin(), part.end(), [this](const PointXY& p) { return visible_.Contains(p); });
+  return is_all_visible_ ||
+         std::all_of(part.begin(), part.end(), [this](const PointXY& p) { return visible_.Contains(p); });
 }
 
 void PicturePath::AddTo(cairo_t* cairo, std::span<const PointXY> points) {
@@ -75,6 +82,7 @@ void PicturePath::Stroke(cairo_t* cairo, std::span<const double> dashes) {
     if (part.front() == part.back()) cairo_close_path(cairo);
   }
   cairo_stroke(cairo);
+  if (is_all_visible_) return;
   for (std::size_t i = 0; i < GetNParts(); ++i) {
     const std::span<const PointXY> part = Part(i);
     if (part.size() >= 2 && !IsVisible(part)) StrokeCut(cairo, part, dashes);

@@ -39,6 +39,7 @@ class PicturePath {
  private:
   enum class Side { kLeft, kRight, kTop, kBottom };
 
+  void Keep(const Vanth::PointXY& point);
   [[nodiscard]] bool IsVisible(std::span<const Vanth::PointXY> part) const noexcept;
   static void AddTo(cairo_t* cairo, std::span<const Vanth::PointXY> points);
   void StrokeCut(cairo_t* cairo, std::span<const Vanth::PointXY> part, std::span<const double> dashes) const;
@@ -52,6 +53,7 @@ class PicturePath {
   PictureBox visible_;
   std::vector<Vanth::PointXY> points_;
   std::vector<std::size_t> starts_;
+  bool is_all_visible_ = true;
   Vanth::PointXY last_;  // as given, dropped or not
   std::vector<Vanth::PointXY> cut_;
   std::vector<Vanth::PointXY> cut_before_;
