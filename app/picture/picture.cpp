@@ -40,7 +40,7 @@ class Selection {
   Selection(const Schema& schema, const PictureOptions& options)
       : options_(options), level_column_(options.levels ? FindLevelColumn(schema) : -1) {
     if (options.levels && level_column_ < 0) {
-      throw Failure("levels cannot be chosen: there is no column of that name");
+      throw Failure("levels cannot be chosen: there is no column named Level");
     }
   }
 

@@ -178,7 +178,7 @@ TEST(PictureTest, LevelsNeedAColumn) {
   PictureOptions options = SmallPicture();
   options.levels = ParseLevels("1");
   EXPECT_EQ(FailureText([&] { Draw(kTwoSquares, options, PictureFormat::kPng); }),
-            "levels cannot be chosen: there is no column of that name");
+            "levels cannot be chosen: there is no column named Level");
 }
 
 TEST(PictureTest, NothingToDrawIsAnEmptyPicture) {
