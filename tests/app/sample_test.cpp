@@ -57,9 +57,9 @@ TEST(SampleTest, HoldsEveryTypeOfElement) {
 TEST(SampleTest, HoldsEveryColorStyleWeightAndKindOfLinkage) {
   const std::string bytes = Bytes();
   std::set<unsigned> colors;
-  std::set<unsigned> styles;
+  std::set<DGN::SymbStyle> styles;
   std::set<unsigned> weights;
-  std::set<unsigned> classes;
+  std::set<DGN::EClass> classes;
   std::set<Linkage::Kind> linkages;
   int deleted = 0;
   int holes = 0;
@@ -83,7 +83,7 @@ TEST(SampleTest, HoldsEveryColorStyleWeightAndKindOfLinkage) {
   for (unsigned color = 0; color < 10; ++color) EXPECT_TRUE(colors.contains(color)) << color;
   EXPECT_EQ(styles.size(), 8U);
   EXPECT_EQ(weights.size(), 32U);
-  EXPECT_EQ(classes, (std::set<unsigned>{0, 2}));
+  EXPECT_EQ(classes, (std::set<DGN::EClass>{DGN::PrimaryClass, DGN::ConstructionClass}));
   EXPECT_EQ(linkages, (std::set<Linkage::Kind>{Linkage::Kind::kDatabase4, Linkage::Kind::kDatabase8,
                                                Linkage::Kind::kFill}));
   EXPECT_GT(deleted, 0);
