@@ -2,6 +2,7 @@
 
 #include "app/inspect/design_info.h"
 #include "app/inspect/layout.h"
+#include "app/inspect/pair_info.h"
 #include "app/io/failure.h"
 
 #include <nlohmann/json.hpp>
@@ -29,7 +30,11 @@ class InfoRun {
   void File(const std::string& name) {
     try {
       const Input input = RecogniseInput(name);
-      Tell(ReadDesignInfo(input));
+      if (input.IsDesign()) {
+        Tell(ReadDesignInfo(input));
+      } else {
+        Tell(ReadPairInfo(input));
+      }
     } catch (const Failure& failure) {
       has_failed_ = true;
       if (is_json_) {

@@ -5,35 +5,13 @@
 #include "app/inspect/object_check.h"
 #include "app/inspect/pair_header_check.h"
 #include "app/inspect/pair_report.h"
+#include "app/inspect/pair_text_file.h"
 #include "app/inspect/row_check.h"
-#include "app/io/system_failure.h"
 #include <pelor/mif.h>
-
-#include <cerrno>
-#include <fstream>
 
 namespace App {
 
 namespace {
-
-// A file of a pair under the conventions for its text.
-class TextFile {
- public:
-  TextFile(const std::filesystem::path& name, const Tobri::TxtSeparators& separators)
-      : stream_(name, std::ios::binary) {
-    if (!stream_) throw SystemFailure(name, "cannot be read", errno);
-    in_.Set(stream_, name.string());
-    in_.Def(Pelor::MIF::Quotes());
-    in_.Def(Pelor::MIF::NoComments(), false);
-    in_.Def(separators);
-  }
-
-  Tobri::IxText& operator*() { return in_; }
-
- private:
-  std::ifstream stream_;
-  Tobri::IxText in_;
-};
 
 void CheckColumnNames(const PairHeader& header, CharsetCheck& charset, const PairReport& report) {
   for (const Pelor::MI::Column& column : header.columns) {
@@ -49,7 +27,7 @@ void CheckColumnNames(const PairHeader& header, CharsetCheck& charset, const Pai
 void CheckPair(const Input& input, const FindingSink& sink) {
   const PairReport mif_report(input.path, sink);
   PairHeader header;
-  TextFile mif(input.path, Pelor::MIF::MIFSeparators());
+  PairTextFile mif(input.path, Pelor::MIF::MIFSeparators());
   const bool has_objects = CheckPairHeader(*mif, header, mif_report);
   CharsetCheck charset(header.charset);
   CheckColumnNames(header, charset, mif_report);
@@ -64,7 +42,7 @@ void CheckPair(const Input& input, const FindingSink& sink) {
     return;
   }
   const PairReport mid_report(input.mid, sink);
-  TextFile mid(input.mid, Pelor::MIF::MIDSeparators(header.delimiter));
+  PairTextFile mid(input.mid, Pelor::MIF::MIDSeparators(header.delimiter));
   const RowCount rows = CheckRows(*mid, header, charset, mid_report);
   if (rows.Fits(objects) || (header.columns.empty() && rows.rows == 0)) return;
   mid_report(Severity::kError, "row-count", ThereAre(rows.rows, "row") + " for " + Counted(objects, "object"),
