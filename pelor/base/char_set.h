@@ -74,7 +74,9 @@ class ChrS : public Rep {
     const unsigned code = static_cast<unsigned char>(c);
     return ((members_[code / 64] >> (code % 64)) & 1U) != 0;
   }
-  [[nodiscard]] bool IsEmpty() const noexcept { return members_ == Words(); }
+  [[nodiscard]] bool IsEmpty() const noexcept {
+    return (members_[0] | members_[1] | members_[2] | members_[3]) == 0;
+  }
 
   void Add(Ch member) noexcept {
     const unsigned code = static_cast<unsigned char>(member);

@@ -62,13 +62,13 @@ void CoordsRange::toexternal() noexcept {
 }
 
 void CoordsRange::read(std::istream& in) {
-  std::array<char, kBytes> bytes;
+  std::array<char, kBytes> bytes{};
   in.read(bytes.data(), kBytes);
   Decode(std::span(bytes).first(static_cast<std::size_t>(in.gcount())));
 }
 
 void CoordsRange::write(std::ostream& out) const {
-  std::array<char, kBytes> bytes;
+  std::array<char, kBytes> bytes{};
   Encode(bytes);
   out.write(bytes.data(), kBytes);
 }

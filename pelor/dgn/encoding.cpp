@@ -76,7 +76,7 @@ double LoadDFloat(const char* bytes) noexcept {
 
 void StoreDFloat(char* bytes, double value) noexcept {
   const auto bits = std::bit_cast<std::uint64_t>(value);
-  std::array<unsigned, 4> words;  // most significant first
+  std::array<unsigned, 4> words{};  // most significant first
   for (unsigned i = 0; i < 4; ++i) words[i] = static_cast<unsigned>(bits >> (48U - 16U * i)) & 0xFFFFU;
 
   unsigned exponent = words[0] & 0x7FF0U;
@@ -100,19 +100,19 @@ void read(std::istream& in, unsigned char& value) {
 }
 
 void read(std::istream& in, unsigned short& value) {
-  std::array<char, 2> bytes;
+  std::array<char, 2> bytes{};
   if (ReadBytes(in, bytes)) value = LoadWord(bytes.data());
 }
 
 void read(std::istream& in, long& value, bool range_form) {
-  std::array<char, 4> bytes;
+  std::array<char, 4> bytes{};
   if (!ReadBytes(in, bytes)) return;
   const std::int32_t stored = LoadLong(bytes.data());
   value = range_form ? FlipSign(stored) : stored;
 }
 
 void read(std::istream& in, double& value) {
-  std::array<char, 8> bytes;
+  std::array<char, 8> bytes{};
   if (ReadBytes(in, bytes)) value = LoadDFloat(bytes.data());
 }
 
@@ -121,32 +121,32 @@ void write(std::ostream& out, unsigned char value) {
 }
 
 void write(std::ostream& out, unsigned short value) {
-  std::array<char, 2> bytes;
+  std::array<char, 2> bytes{};
   StoreWord(bytes.data(), value);
   WriteBytes(out, bytes);
 }
 
 void write(std::ostream& out, long value, bool range_form) {
   const auto low = static_cast<std::int32_t>(value);
-  std::array<char, 4> bytes;
+  std::array<char, 4> bytes{};
   StoreLong(bytes.data(), range_form ? FlipSign(low) : low);
   WriteBytes(out, bytes);
 }
 
 void write(std::ostream& out, const double& value) {
-  std::array<char, 8> bytes;
+  std::array<char, 8> bytes{};
   StoreDFloat(bytes.data(), value);
   WriteBytes(out, bytes);
 }
 
 void DECDtoIEEE(double* value) noexcept {
-  std::array<char, sizeof *value> bytes;
+  std::array<char, sizeof *value> bytes{};
   std::memcpy(bytes.data(), value, bytes.size());
   *value = LoadDFloat(bytes.data());
 }
 
 void IEEEtoDECD(double* value) noexcept {
-  std::array<char, sizeof *value> bytes;
+  std::array<char, sizeof *value> bytes{};
   StoreDFloat(bytes.data(), *value);
   std::memcpy(value, bytes.data(), bytes.size());
 }

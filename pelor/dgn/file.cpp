@@ -75,7 +75,7 @@ void File::Create(const Tobri::String& name, const Tobri::String& seed) {
   clear();
   writable_ = true;
   if (seed_buffer.is_open()) {
-    std::array<char, 8192> chunk;
+    std::array<char, 8192> chunk{};
     std::streamsize got = 0;
     do {
       got = seed_buffer.sgetn(chunk.data(), chunk.size());
@@ -111,7 +111,7 @@ void File::Flush() {
 
 void File::WriteBack() {
   if (!writable_ || at_end_ || fail()) return;
-  std::array<char, DEHeader::kBytes> bytes;
+  std::array<char, DEHeader::kBytes> bytes{};
   const std::span all(bytes);
   std::size_t size = 0;
   if (has_displayable_ && displayable_.assigned) {
@@ -164,8 +164,9 @@ void File::Next(bool skip_components) {
 // Decodes the headers at the current position from one look at the first bytes. An element that the file
 // holds whole may be shorter than the headers of its type; it has as many of them as the file reaches.
 void File::ReadHeaders() {
-  std::array<std::byte, kHeadBytes> scratch;
+  std::array<std::byte, kHeadBytes> scratch{};
   const std::span<const std::byte> view = buffer_.Peek(scratch);
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are read as chars
   const std::span bytes(reinterpret_cast<const char*>(view.data()), view.size());
   const std::size_t available = bytes.size();
 

@@ -20,7 +20,7 @@ bool File::Append(const EHeader& header, std::uint64_t body_bytes) {
   }
 
   const std::int64_t next = current_ + static_cast<std::int64_t>(EHeader::kBytes + 2 * words);
-  std::array<char, 2> end_of_design;
+  std::array<char, 2> end_of_design{};
   StoreWord(end_of_design.data(), EHeader::kEndOfDesign);
   PutAt(next, end_of_design);
   // The file's last word: at the end of the block that this position lies in, or of a further one when it
@@ -39,13 +39,14 @@ bool File::Append(const EHeader& header, std::uint64_t body_bytes) {
   return true;
 }
 
+// The appending functions copy the header: it may be the one that the walk to the end overwrites.
+
 void File::EAppend(const EHeader& header, unsigned body_bytes) {
-  // A copy, as the header may be the one that the walk to the end overwrites.
   Append(EHeader(header), body_bytes);
 }
 
 void File::GEAppend(const GEHeader& header, unsigned body_bytes) {
-  const GEHeader copy(header);
+  const GEHeader copy(header);  // NOLINT(performance-unnecessary-copy-initialization)
   if (!Append(copy, body_bytes)) return;
   has_graphic_ = true;
   graphic_ = copy;
@@ -54,10 +55,10 @@ void File::GEAppend(const GEHeader& header, unsigned body_bytes) {
 void File::DEAppend(const DEHeader& header, unsigned body_bytes) {
   // What (next - (next + 36) - 4 + 1) / 2 gives in unsigned arithmetic, whatever the next position is.
   constexpr std::uint16_t kAppendedAttributeIndex = 65516;
-  const DEHeader copy(header);
+  const DEHeader copy(header);  // NOLINT(performance-unnecessary-copy-initialization)
   if (!Append(copy, body_bytes)) return;
   has_graphic_ = true;
-  graphic_ = copy;
+  graphic_ = static_cast<const GEHeader&>(copy);
   has_displayable_ = true;
   displayable_ = copy;
   displayable_.attribute_index = kAppendedAttributeIndex;

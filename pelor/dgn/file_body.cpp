@@ -123,7 +123,7 @@ void File::CopyBytes(File& source, std::size_t count) {
     }
     return;
   }
-  std::array<char, 8192> chunk;
+  std::array<char, 8192> chunk{};
   while (count != 0 && good()) {
     const std::size_t part = std::min(count, chunk.size());
     source.read(chunk.data(), static_cast<std::streamsize>(part));
@@ -170,12 +170,14 @@ void File::Write(const double& value) {
 
 std::size_t File::ReadLongs(std::span<std::int32_t> values) {
   constexpr std::size_t kLong = 4;
-  std::array<std::byte, 1024 * kLong> scratch;
+  // Most elements fill little of it: clearing it would cost more than reading them.
+  std::array<std::byte, 1024 * kLong> scratch;  // NOLINT(cppcoreguidelines-pro-type-member-init)
   std::size_t done = 0;
   if (!std::istream::sentry(*this, true)) return done;
   while (done < values.size() && good()) {
     const std::size_t wanted = std::min(values.size() - done, scratch.size() / kLong);
     const std::span<const std::byte> view = buffer_.Peek(std::span(scratch).first(wanted * kLong));
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are read as chars
     const auto* const bytes = reinterpret_cast<const char*>(view.data());
     const std::size_t got = view.size() / kLong;
     for (std::size_t i = 0; i < got; ++i) values[done + i] = LoadLong(bytes + kLong * i);
@@ -189,7 +191,7 @@ std::size_t File::ReadLongs(std::span<std::int32_t> values) {
 // --- texts
 
 Tobri::String File::Readrad50(unsigned words) {
-  std::array<unsigned short, 256> packed;
+  std::array<unsigned short, 256> packed{};
   std::string text;
   while (words != 0 && good()) {
     const auto part = std::min<unsigned>(words, packed.size());

@@ -21,7 +21,7 @@ constexpr std::uint16_t Switch(std::uint16_t word, unsigned mask, bool on) noexc
 
 template <class Header>
 void WriteHeader(std::ostream& out, const Header& header) {
-  std::array<char, Header::kBytes> bytes;
+  std::array<char, Header::kBytes> bytes{};
   header.Encode(bytes);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
@@ -129,7 +129,7 @@ void DEHeader::read(const EHeader& header, std::istream& in) {
 }
 
 void DEHeader::ReadWords(std::istream& in) {
-  std::array<char, kBytes - GEHeader::kBytes> bytes;
+  std::array<char, kBytes - GEHeader::kBytes> bytes{};
   in.read(bytes.data(), bytes.size());
   DecodeWords(std::span(bytes).first(static_cast<std::size_t>(in.gcount())));
 }

@@ -140,7 +140,7 @@ bool Read(MI::Pen& pen, IxText& in) {
     read.interleaved = true;
     read.pattern -= kInterleaved;
   }
-  return args.Finish(pen, std::move(read), "Invalid Pen");
+  return args.Finish(pen, read, "Invalid Pen");
 }
 
 void Put(ClauseText& text, const MI::Brush& brush) {
@@ -164,7 +164,7 @@ bool Read(MI::Brush& brush, IxText& in) {
   StyleReader args(in, Brush);
   args.Get(read.pattern).GetColor(read.foreColor);
   if (args.More()) args.GetColor(read.backColor);
-  return args.Finish(brush, std::move(read), "Invalid Brush");
+  return args.Finish(brush, read, "Invalid Brush");
 }
 
 void Put(ClauseText& text, const MI::Symbol& symbol) {
@@ -222,7 +222,7 @@ bool Read(MI::StdSymbol& symbol, IxText& in) {
   MI::StdSymbol read;
   StyleReader args(in, Symbol);
   args.Get(read.shape).GetColor(read.color).GetSize(read.size, read.sizeUnits, MI::SLUnits_Point);
-  return args.Finish(symbol, std::move(read), "Invalid Symbol");
+  return args.Finish(symbol, read, "Invalid Symbol");
 }
 
 void Put(ClauseText& text, const MI::Font& font) {
