@@ -31,7 +31,7 @@ class ColorTable {
   }
 
  private:
-  std::array<Pelor::MI::Color, kColors> colors_;
+  std::array<Pelor::MI::Color, kColors> colors_{};
   bool from_file_ = false;
   bool keep_index_0_ = false;
 };

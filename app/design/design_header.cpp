@@ -54,7 +54,7 @@ DesignHeader DesignHeader::Decode(std::span<const char> element) {
 
 DesignHeader DesignHeader::Find(DGN::File& file) {
   DesignHeader header;
-  std::array<char, kBytes> bytes;
+  std::array<char, kBytes> bytes{};
   for (file.Restart(); file; file.Next(false)) {
     // It comes first. Who has not met it before the first graphics will not.
     if (DGN::TypeClass(file.GetEHeader().Type()) == DGN::Displayable) break;

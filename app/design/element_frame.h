@@ -76,12 +76,12 @@ class ElementFrame {
 
  private:
   struct OpenComplex {
-    std::size_t start;
+    std::size_t start = 0;
     ComplexLayout layout;
     Pelor::DGN::point2d origin;
-    bool deleted;
-    std::uint16_t components;
-    std::uint64_t levels;
+    bool deleted = false;
+    std::uint16_t components = 0;
+    std::uint64_t levels = 0;
     ElementRange range;
   };
 

@@ -52,8 +52,7 @@ iconv_t Open(std::string_view charset, bool from_utf8) {
   const std::string name = IconvName(charset);
   // An empty name would stand for the process's locale, and what follows a slash for other ways to convert.
   if (!name.empty() && name.find_first_of("/,") == std::string::npos) {
-    const iconv_t converter =
-        from_utf8 ? ::iconv_open(name.c_str(), "UTF-8") : ::iconv_open("UTF-8", name.c_str());
+    iconv_t converter = from_utf8 ? ::iconv_open(name.c_str(), "UTF-8") : ::iconv_open("UTF-8", name.c_str());
     // The C library marks failure by the pointer -1.
     if (std::bit_cast<std::intptr_t>(converter) != -1) return converter;
   }

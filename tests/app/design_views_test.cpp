@@ -1,7 +1,7 @@
 #include "app/design/cell_header.h"
 #include "app/design/color_table.h"
-#include "app/design/design_header.h"
 #include "app/design/d_float.h"
+#include "app/design/design_header.h"
 #include "app/design/element_view.h"
 #include "app/design/linkage.h"
 #include "app/design/symbology.h"
