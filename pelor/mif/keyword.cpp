@@ -70,12 +70,19 @@ void ReadKW::Read(Tobri::IxText& in) {
 }
 
 bool ReadSpecifier(Tobri::IxText& in, KeyWord keyword) {
-  // Compared in place: most calls find another word, and need not know which.
   const std::string_view text = TextOf(keyword);
+  if (text.empty()) {
+    ReadKW word;
+    word.Read(in);
+    if (word.id == keyword) return true;
+    in.SetPos(word.pos);
+    return false;
+  }
+  // Compared in place: most calls find another word, and need not know which.
   const Tobri::IBText::Pos before = in.GetPos();
   Tobri::TxtRdr::SkipWS(in);
   const std::string_view window = in.Window(text.size() + 1);
-  if (!text.empty() && BeginsWith(window, text) &&
+  if (BeginsWith(window, text) &&
       (window.size() == text.size() || !Letters()->Contains(window[text.size()]))) {
     in.Consume(text.size());
     return true;

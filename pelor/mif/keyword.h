@@ -77,6 +77,7 @@ struct PELOR_EXPORT ReadKW {
 };
 
 /// True, and the keyword read, if the next identifier is `keyword`; otherwise the scanner stays where it was.
+/// NoKeyWord is any identifier that is no keyword, also an empty one.
 PELOR_EXPORT bool ReadSpecifier(Tobri::IxText& in, KeyWord keyword);
 
 }  // namespace Pelor::MIF

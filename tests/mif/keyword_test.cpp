@@ -144,10 +144,21 @@ TEST(ReadSpecifierTest, WordAtTheEndOfTheInputIsRead) {
   EXPECT_EQ(mif.Rest(), "");
 }
 
-TEST(ReadSpecifierTest, NoKeyWordIsNeverRead) {
-  Mif mif("word");
-  EXPECT_FALSE(MIF::ReadSpecifier(mif.in, MIF::NoKeyWord));
-  EXPECT_EQ(mif.Rest(), "word");
+TEST(ReadSpecifierTest, NoKeyWordIsAnyWordThatIsNone) {
+  Mif unknown(" word 1");
+  EXPECT_TRUE(MIF::ReadSpecifier(unknown.in, MIF::NoKeyWord));
+  EXPECT_EQ(unknown.Rest(), " 1");
+  Mif known(" Pen (1,2,0)");
+  EXPECT_FALSE(MIF::ReadSpecifier(known.in, MIF::NoKeyWord));
+  EXPECT_EQ(known.Rest(), " Pen (1,2,0)");
+}
+
+TEST(ReadSpecifierTest, NumbersBehindTheTableAreNoWord) {
+  for (const std::string text : {" word", " Multiple", " ("}) {
+    Mif mif(text);
+    EXPECT_FALSE(MIF::ReadSpecifier(mif.in, static_cast<MIF::KeyWord>(46))) << text;
+    EXPECT_EQ(mif.Rest(), text);
+  }
 }
 
 }  // namespace
