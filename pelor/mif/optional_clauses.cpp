@@ -78,11 +78,11 @@ bool TryLabel(MI::WTextBody& body, IxText& in) {
   if (word.id != Line) return Clause::Fail("Invalid Text", in);
   word.Read(in);
   if (word.id != Simple && word.id != Arrow) return Clause::Fail("Invalid Text", in);
-  Vanth::PointXY point;
-  if (!Clause::ReadNumbers({&point.x, &point.y}, in)) return Clause::Fail("Invalid Text", in);
   body.SetLabelKind(word.id == Simple ? 1 : 2);
+  Vanth::PointXY point = body.GetLabelPoint();
+  const bool whole = Clause::ReadNumbers({&point.x, &point.y}, in);
   body.SetLabelPoint(point);
-  return true;
+  return whole || Clause::Fail("Invalid Text", in);
 }
 
 }  // namespace

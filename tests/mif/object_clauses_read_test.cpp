@@ -126,6 +126,11 @@ TEST(ReadObjectTest, CountsMayStandOnTheNextLine) {
             "Region 1\n 4\n 0 0\n 1 1\n 1 0\n 0 0\n Pen (1,2,0)\n Brush (2,16777215,0)\n Center 1 1\n");
 }
 
+TEST(ReadObjectTest, NumbersBehindThoseOfTheKindAreSkipped) {
+  EXPECT_EQ(Read("Point 1 2 7 8\n Symbol (35,0,12)\n").clause, "Point 1 2\n Symbol (35,0,12)\n");
+  EXPECT_EQ(Read("Line 1 2 3 4 7\n Pen (3,2,0)\n").clause, "Line 1 2 3 4\n Pen (3,2,0)\n");
+}
+
 TEST(ReadObjectTest, LineWithoutPenIsInvisible) {
   EXPECT_EQ(Read("Line 1 2 3 4\n").clause, "Line 1 2 3 4\n Pen (0,1,0)\n");
 }
@@ -269,6 +274,18 @@ TEST(ReadObjectTest, BodyKeepsWhatWasReadBeforeTheFault) {
   EXPECT_EQ(Read("Arc 1 2 3 4 5 x\n").clause, "Arc 1 2 3 4\n 5 0\n Pen (1,2,0)\n");
   EXPECT_EQ(Read("PLine 9\n0 0\n1 1\n2 2\nLine").clause, "PLine 3\n 0 0\n 1 1\n 2 2\n Pen (1,2,0)\n");
   EXPECT_EQ(Read("Rect 1 2 3 4\n Pen (x\n").clause, "Rect 1 2 3 4\n Pen (1,2,0) Brush (2,16777215,0)\n");
+}
+
+TEST(ReadObjectTest, LabelKeepsWhatWasReadBeforeTheFault) {
+  Mif mif("Text \"a\" 1 2 3 4\nLabel Line Arrow 7 x");
+  const WTextObj text(ReadOne(mif));
+  EXPECT_EQ(text->GetLabelKind(), 2);
+  EXPECT_EQ(text->GetLabelPoint(), (PointXY{7, 3}));
+}
+
+TEST(ReadObjectTest, FaultLeavesTheWordWhereANumberShouldBeUnread) {
+  EXPECT_EQ(Read("Line 1 2 3 Pen (3,2,0)\n").rest, "Pen (3,2,0)\n");
+  EXPECT_EQ(Read("PLine 2\n0 0\nPen (3,2,0)\n").rest, "Pen (3,2,0)\n");
 }
 
 TEST(ReadObjectTest, CountIsBelievedOnlyAsFarAsTheInputReaches) {
