@@ -81,7 +81,7 @@ TEST(WriteObjectTest, PolylineWithOnePartHasItsCountOnTheKeywordsLine) {
 }
 
 TEST(WriteObjectTest, PolylineWritesOnlyThePartsOfTwoVerticesAndMore) {
-  // A part of one vertex is made by Empty, which begins it, and two more calls.
+  // Only the last part can have a single vertex: AddPart would use it on.
   WPLineObj pline(nullptr, kPen, false);
   pline->Empty();
   for (const auto count : {4, 2}) {
@@ -159,6 +159,18 @@ TEST(WriteObjectTest, RegionWithoutARingIsNone) {
   region->AddPart();
   region->AddVertex({1, 1});
   EXPECT_EQ(Text(region), "None\n");
+}
+
+TEST(WriteObjectTest, RingsAreCountedWhenTheyAreClosed) {
+  const auto text = [](std::initializer_list<PointXY> ring) {
+    WRegionObj region(nullptr, kPen, kBrush);
+    region->AddPart();
+    for (const PointXY& point : ring) region->AddVertex(point);
+    const std::string all = Text(region);
+    return all.substr(0, all.find(" Pen"));
+  };
+  EXPECT_EQ(text({{1, 1}, {1, 1}}), "None\n");
+  EXPECT_EQ(text({{1, 1}, {2, 3}}), "Region 1\n 3\n 1 1\n 2 3\n 1 1\n");
 }
 
 TEST(WriteObjectTest, RectangleHasPenAndBrushOnOneLine) {

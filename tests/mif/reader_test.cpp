@@ -249,6 +249,17 @@ TEST_F(ReaderTest, TransformIsAppliedUntilSwitchedOff) {
   EXPECT_EQ(WPointObj(in.GetObj())->GetPoint().x, 12);
 }
 
+TEST_F(ReaderTest, OneValueMakesATransform) {
+  for (const auto& [transform, object] : {std::pair{"1,1,0,0", "Point 3 5:"},
+                                          {"2,1,0,0", "Point 6 5:"},
+                                          {"1,2,0,0", "Point 3 10:"},
+                                          {"1,1,7,0", "Point 10 5:"},
+                                          {"1,1,0,7", "Point 3 12:"}}) {
+    PutPair(std::string("Version 1\nTransform ") + transform + "\nColumns 0\nData\nPoint 3 5\n", "");
+    EXPECT_EQ(All(), std::vector<std::string>{object}) << transform;
+  }
+}
+
 TEST_F(ReaderTest, SwitchesGoToTheFirstObject) {
   PutPair("Version 1\nColumns 1\na Integer\nData\nPoint 1 1\nPoint 2 2\n", "1\n2\n");
   iMIF in(Path("pair"));

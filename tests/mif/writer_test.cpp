@@ -96,6 +96,21 @@ TEST_F(WriterTest, VersionOneHasNoCoordinateSystemAndNoTransform) {
   EXPECT_EQ(Header(), "Version 1\nColumns 0\n");
 }
 
+TEST_F(WriterTest, TransformIsWrittenUnlessItChangesNothing) {
+  const std::pair<Transform, std::string> transforms[] = {{{1, 1, 0, 0}, ""},
+                                                          {{2, 1, 0, 0}, "Transform 2,1,0,0\n"},
+                                                          {{1, 2, 0, 0}, "Transform 1,2,0,0\n"},
+                                                          {{1, 1, 2, 0}, "Transform 1,1,2,0\n"},
+                                                          {{1, 1, 0, 2}, "Transform 1,1,0,2\n"}};
+  for (const auto& [transform, line] : transforms) {
+    oMIF out(Path("pair"), '\t');
+    out.SetTransform(transform);
+    out.BeginData();
+    out.Close();
+    EXPECT_EQ(Header(), "Version 2\n" + line + "Columns 0\n");
+  }
+}
+
 TEST_F(WriterTest, TabIsNotWrittenAsDelimiter) {
   oMIF tab(Path("tab"), '\t');
   tab.BeginData();
@@ -162,6 +177,32 @@ TEST_F(WriterTest, CoordinateSystemIsCopiedOrShared) {
   shared.Close();
   EXPECT_NE(Header("copied.mif").find("\nCoordSys "), std::string::npos);
   EXPECT_EQ(Header("copied.mif"), Header("shared.mif"));
+}
+
+TEST_F(WriterTest, LaterChangesReachOnlyTheSharedCoordinateSystem) {
+  const Vanth::BoundsXY bounds(1, 2, 3, 4);
+  CoordSys system;
+  oMIF copied(Path("copied"), '\t');
+  copied.SetCoordSys(system);
+  system.bounds = bounds;
+  copied.BeginData();
+  copied.Close();
+  const Tobri::IRef<CoordSys> held(new CoordSys());
+  oMIF shared(Path("shared"), '\t');
+  shared.SetWSys(held);
+  held->bounds = bounds;
+  shared.BeginData();
+  shared.Close();
+  EXPECT_EQ(Header("copied.mif").find(" Bounds (1, 2) (3, 4)"), std::string::npos);
+  EXPECT_NE(Header("shared.mif").find(" Bounds (1, 2) (3, 4)"), std::string::npos);
+}
+
+TEST_F(WriterTest, FlushingARowWritesTheHeader) {
+  oMIF out(Path("pair"), '\t');
+  out.FlushAttr();
+  out.Close();
+  EXPECT_EQ(Get("pair.mif"), "Version 2\nColumns 0\nData\n\n");
+  EXPECT_EQ(Get("pair.mid"), "\n");
 }
 
 TEST_F(WriterTest, ExtensionOfTheNameIsReplaced) {
