@@ -1,4 +1,5 @@
 #include "app/command/check.h"
+#include "app/command/convert.h"
 #include "app/command/dump.h"
 #include "app/command/info.h"
 #include "app/command/plot.h"
@@ -69,6 +70,7 @@ int Run(int argc, char** argv) {
   AddCheckCommand(program, exit_code);
   AddDumpCommand(program, exit_code);
   AddPlotCommand(program, exit_code);
+  AddConvertCommand(program, exit_code);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

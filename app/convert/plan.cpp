@@ -33,7 +33,7 @@ std::optional<OutputFormat> FormatOf(const fs::path& name) {
   return std::nullopt;
 }
 
-// `extension`, in capitals where `name` has its own so.
+// `name` with another extension, in capitals where its own is.
 fs::path Companion(const fs::path& name, std::string extension) {
   const std::string own = name.extension().string();
   const bool capitals =
@@ -47,7 +47,7 @@ fs::path Companion(const fs::path& name, std::string extension) {
 std::vector<fs::path> OutputsOf(const fs::path& name, OutputFormat format, const Input& input) {
   if (format == OutputFormat::kPair) return {Companion(name, ".mif"), Companion(name, ".mid")};
   if (input.IsDesign()) return {name};
-  return {name, Companion(name, ".csv")};
+  return {name, fs::path(name).replace_extension(".csv")};
 }
 
 class Planner {
