@@ -173,8 +173,6 @@ bool ConvertArguments::Applies(Use use, const PlannedFile& file) {
       return from_design;
     case Use::kDesignToPair:
       return from_design && to_pair;
-    case Use::kFromPair:
-      return !from_design;
     case Use::kPairToDesign:
       return !from_design && !to_pair;
     case Use::kToPair:
@@ -194,10 +192,9 @@ void ConvertArguments::ThrowIfUseless(std::span<const PlannedFile> files) const 
       return is_known(file) && Applies(limited.use, file);
     };
     if (std::any_of(files.begin(), files.end(), applies)) continue;
-    constexpr std::array<std::string_view, 6> kUses = {
-        "designs as input", "conversions from designs to pairs",
-        "pairs as input",   "conversions from pairs to designs",
-        "pairs as output",  "conversions between designs and pairs"};
+    constexpr std::array<std::string_view, 5> kUses = {
+        "designs as input", "conversions from designs to pairs", "conversions from pairs to designs",
+        "pairs as output", "conversions between designs and pairs"};
     throw Failure(limited.option->get_name() + " is for " +
                   std::string(kUses[static_cast<std::size_t>(limited.use)]));
   }

@@ -5,7 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include <memory>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -27,7 +27,6 @@ class ConvertArguments {
   enum class Use : std::uint8_t {
     kFromDesign,
     kDesignToPair,
-    kFromPair,
     kPairToDesign,
     kToPair,
     kBetweenKinds,

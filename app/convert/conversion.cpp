@@ -175,8 +175,9 @@ class Conversion {
   void ThrowIfStrict() const {
     const std::int64_t findings = CountFindings(account_);
     if (!options_.strict || findings == 0) return;
-    throw Failure(file_.input.path.string() + " is not converted: " + std::to_string(findings) + " of " +
-                  std::to_string(account_.GetRead()) + " would be skipped or approximated");
+    throw Failure(file_.input.path.string() +
+                  " is not converted: something would be skipped or approximated, " +
+                  std::to_string(findings) + (findings == 1 ? " time" : " times") + " in all");
   }
 
   const PlannedFile& file_;
