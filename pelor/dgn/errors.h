@@ -3,21 +3,13 @@
 #include <pelor/base/error.h>
 #include <pelor/base/string.h>
 
-#include <utility>
-
 namespace Pelor::DGN {
 
 /// Base of what goes wrong with design files.
-class PELOR_EXPORT Error : public Tobri::Error::Raisable<Error, Tobri::Error::Msg> {
+class PELOR_EXPORT Error : public Tobri::Error::Raisable<Error, Tobri::ErrMsg> {
  public:
-  explicit Error(Tobri::String text) : text_(std::move(text)) {}
+  using Raisable::Raisable;
   ~Error() override;
-
-  [[nodiscard]] const Tobri::String& GetText() const noexcept { return text_; }
-  [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }
-
- private:
-  Tobri::String text_;
 };
 
 class PELOR_EXPORT FileErr : public Tobri::Error::Raisable<FileErr, Error> {

@@ -45,6 +45,8 @@ TEST(ErrorTest, MessagesAreThrownAsTheirOwnClassAndCaughtAsTheirBases) {
   EXPECT_EQ(TextThrown<Error>(BadTypeErr()), "Incorrect Element Type");
   EXPECT_EQ(TextThrown<NotDisplayableErr>(NotDisplayableErr()), "Element is not displayable");
   EXPECT_EQ(TextThrown<NoAttributesErr>(NoAttributesErr()), "Element has no attributes");
+  EXPECT_EQ(TextThrown<Tobri::ErrMsg>(EndOfFileErr(Tobri::String("in x.dgn"))), "End of File in x.dgn");
+  EXPECT_EQ(TextThrown<Tobri::ErrMsg>(BadTypeErr()), "Incorrect Element Type");
   EXPECT_EQ(TextThrown<Tobri::Error::Msg>(NoAttributesErr()), "Element has no attributes");
 }
 
