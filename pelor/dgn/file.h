@@ -57,6 +57,8 @@ class PELOR_EXPORT File : public std::iostream {
 
   /// True while there is a current element and nothing has failed.
   explicit operator bool() const { return good() && !at_end_; }
+  /// The opposite; the stream's own would ask for its state alone.
+  bool operator!() const { return !static_cast<bool>(*this); }
 
   /// Byte offset of the current element or of the end-of-design word; -1 in a closed file.
   [[nodiscard]] std::int64_t CurrentPosition() const noexcept { return current_; }

@@ -250,6 +250,17 @@ TEST(FileTest, NextAtTheEndMarkerDoesNothing) {
   EXPECT_FALSE(file.HasDisplayableHeader());
 }
 
+TEST(FileTest, NegationIsTheOppositeOfTheTest) {
+  const TempFile design(Design().Displayable(0x0308, kLineBody).End().Bytes());
+  File file(design.Name(), kIn);
+  EXPECT_FALSE(!file);
+  file.Next(false);
+  EXPECT_TRUE(!file) << "at the end of a stream that is good";
+  file.Restart();
+  file.setstate(std::ios_base::eofbit);
+  EXPECT_TRUE(!file);
+}
+
 TEST(FileTest, RestartAndPositionLeaveTheEnd) {
   const TempFile design(Design().Displayable(0x0308, kLineBody).Displayable(0x0309, kLineBody).End().Bytes());
   File file(design.Name(), kIn);
