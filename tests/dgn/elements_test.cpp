@@ -42,6 +42,16 @@ TEST(Line2DTest, RefusesAnotherTypeWhoseBodyIsSixteenBytes) {
   }
 }
 
+TEST(Line2DTest, TheEndOfTheDesignHasNoBodyWhateverTheElementBefore) {
+  const std::string element = ElementBytes(4, kLine2D, 8);
+  const TempFile design(DesignOf(element));
+  File file(design.Name(), kIn);
+  file.Position(static_cast<long>(element.size()));
+  ASSERT_TRUE(file.AtEnd());
+  ASSERT_EQ(file.EBodySize(), 16U) << "still that of the element before";
+  EXPECT_EQ(Reported([&file] { Line2D().Read(file); }), Texts{"End of File"});
+}
+
 TEST(Line2DTest, ReadsALineWhoseBodyIsSixteenBytes) {
   const TempFile design(DesignOf(ElementBytes(3, kLine2D, 8)));
   File file(design.Name(), kIn);

@@ -93,6 +93,11 @@ TEST_F(ToArcTest, AStepAboveTheMaximumIsTheMaximumEvenBelowTheMinimum) {
   EXPECT_EQ(ToArc(parameters_, 0.05, Angle(0.5), Angle(0.1)).TolRad(10.0), 0.1);
 }
 
+TEST_F(ToArcTest, AStepUpToTheMaximumIsRaisedToTheMinimumEvenBeyondIt) {
+  // The step is 0.063.
+  EXPECT_EQ(ToArc(parameters_, 0.005, Angle(0.5), Angle(0.1)).TolRad(10.0), 0.5);
+}
+
 TEST_F(ToArcTest, AToleranceFromTheRadiusOnGivesHalfATurn) {
   EXPECT_EQ(ToArc(parameters_, 20.0, Angle(0.01), Angle(10.0)).TolRad(10.0), kPi);
   EXPECT_EQ(ToArc(parameters_, 10.0, Angle(0.01), Angle(10.0)).TolRad(10.0), kPi);
