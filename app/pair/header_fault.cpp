@@ -156,7 +156,6 @@ std::string ExplainColumn(const Spot& spot, std::string_view charset) {
 }
 
 std::string ExplainClause(const Spot& spot, std::string_view charset) {
-  if (IsData(spot.before)) return "the Unique or the Index clause names a column that is not there";
   if (spot.rest.empty()) return "the header ends before its Data clause";
   return "the header is malformed at " + Shown(spot.rest, charset);
 }
@@ -174,6 +173,9 @@ Failure ExplainHeaderFault(const std::filesystem::path& mif, const LibraryMessag
     return mif.string() + ", line " + std::to_string(line) + ": ";
   };
   if (message.text == "Invalid Column") return Failure(at_line(message.line) + ExplainColumn(spot, charset));
+  if (IsData(spot.before)) {
+    return Failure(at_line(message.line) + "the Unique or the Index clause names a column that is not there");
+  }
   if (message.text == "Invalid MIF") return Failure(at_line(spot.rest_line) + ExplainClause(spot, charset));
   return Failure(at_line(message.line) + message.text + " before column " + std::to_string(message.column) +
                  " of " + Shown(Trimmed(spot.line), charset));

@@ -22,10 +22,20 @@ RectXY Transformed(const RectXY& rect, const MI::Transform& transform) {
   return {a.x, a.y, b.x, b.y};
 }
 
+// In degrees, so that whole ones stay whole.
 Angle Transformed(const Angle& angle, const MI::Transform& transform) {
-  if (transform.scaleX == transform.scaleY && transform.scaleX > 0.0) return angle;
-  const double radians = angle(Angle::Radians, Angle::AsStored);
-  return Angle(std::atan2(std::sin(radians) * transform.scaleY, std::cos(radians) * transform.scaleX));
+  constexpr double kQuarter = 90.0;
+  double degrees = angle(Angle::Degrees, Angle::AsStored);
+  const double scale_x = std::abs(transform.scaleX);
+  const double scale_y = std::abs(transform.scaleY);
+  if (scale_x != scale_y && std::fmod(degrees, kQuarter) != 0.0) {
+    const double radians = angle(Angle::Radians, Angle::AsStored);
+    const Angle leaning(std::atan2(std::sin(radians) * scale_y, std::cos(radians) * scale_x));
+    degrees = leaning(Angle::Degrees, Angle::AsStored);
+  }
+  if (transform.scaleX < 0.0) degrees = 2 * kQuarter - degrees;
+  if (transform.scaleY < 0.0) degrees = -degrees;
+  return Angle(degrees, Angle::Degrees);
 }
 
 void Apply(MI::WArcBody& arc, const MI::Transform& transform) {

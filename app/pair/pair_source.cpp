@@ -51,7 +51,8 @@ bool IsWorthKeeping(const MI::WObjBody& object) {
     case MI::WObjType_PLine:
       return HasPart(static_cast<const MI::WPLineBody&>(object), 2);
     case MI::WObjType_Region:
-      return HasPart(*static_cast<const MI::WRegionBody&>(object).GetOutline(), 3);
+      // Its rings are closed.
+      return HasPart(*static_cast<const MI::WRegionBody&>(object).GetOutline(), 4);
     case MI::WObjType_Text: {
       // The label point tells: once the box was read it is its centre, until a clause gives another.
       const auto& text = static_cast<const MI::WTextBody&>(object);
