@@ -105,18 +105,20 @@ void PairSink::WriteHeader(const Schema& schema, const PairOptions& options, boo
                            " does not say its character set, which is " + charset);
   }
   out_.SetWSys(system);
-  for (const std::size_t i : columns_) AddColumn(schema.columns[i], is_multi_byte);
+  for (const std::size_t i : columns_) AddColumn(schema.columns[i], options.charset, is_multi_byte);
   // Also a pair without columns and objects has a header by that.
   out_.BeginData();
 }
 
-void PairSink::AddColumn(MI::Column column, bool is_multi_byte) {
+void PairSink::AddColumn(MI::Column column, std::string_view charset, bool is_multi_byte) {
   std::string name = PairColumnName(column.name, ++column_count_);
   const std::int64_t lost = transcoder_.GetLost();
   std::string converted(transcoder_.Convert(name));
   if (transcoder_.GetLost() != lost) std::replace(converted.begin(), converted.end(), '?', '_');
   if (transcoder_.GetLost() != lost || name != std::string_view(column.name)) {
-    assumptions_.push_back("the column \"" + column.name.str() + "\" is called \"" + converted + "\"");
+    Transcoder back(charset, Transcoder::Direction::kToUtf8);
+    assumptions_.push_back("the column \"" + column.name.str() + "\" is called \"" +
+                           std::string(back.Convert(converted)) + "\"");
   }
   column.name = Tobri::String(std::move(converted));
   // Widths are bytes: a width that is enough for one set may be too small for another.

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace App {
@@ -31,7 +32,7 @@ class PairSink final : public FeatureSink {
                                                                const PairOptions& options);
   void WriteHeader(const Schema& schema, const PairOptions& options, bool is_multi_byte,
                    const Tobri::IRefC<Pelor::MI::CoordSys>& system);
-  void AddColumn(Pelor::MI::Column column, bool is_multi_byte);
+  void AddColumn(Pelor::MI::Column column, std::string_view charset, bool is_multi_byte);
   void PutRow(const Feature& feature);
   void ThrowIfFailed() const;
   void StatePrecision(Account& account) const;

@@ -37,6 +37,12 @@ TEST_F(PairTransformTest, ScalesBothAxesOfBoxesOnTheirOwn) {
   EXPECT_EQ(Transformed(t, "Text \"a\" 1 2 3 4"), "Text \"a\"\n 102 206 106 212\n");
 }
 
+TEST_F(PairTransformTest, StretchedArcsLean) {
+  // atan(3 / 2) and what mirrors it.
+  EXPECT_EQ(Transformed("2,3,0,0", "Arc 0 0 2 2 45 90"), "Arc 0 0 4 6\n 56.30993247 90\n");
+  EXPECT_EQ(Transformed("-2,3,0,0", "Arc 0 0 2 2 45 90"), "Arc -4 0 0 6\n 90 123.6900675\n");
+}
+
 TEST_F(PairTransformTest, KeepsTheCornersOfMirroredBoxesInOrder) {
   EXPECT_EQ(Transformed("1,-1,0,0", "Text \"a\" 1 2 3 4"), "Text \"a\"\n 1 -4 3 -2\n");
   EXPECT_EQ(Transformed("-1,-1,0,0", "Rect 1 2 3 4"), "Rect -3 -4 -1 -2\n");
