@@ -95,6 +95,9 @@ void IBText::Classify() {
     }
     classes_[code] = bits;
   }
+  constexpr std::string_view kNumberCharacters = "0123456789+-.eE";
+  numbers_are_plain_ = !separators_.fields && std::none_of(kNumberCharacters.begin(), kNumberCharacters.end(),
+                                                           [this](char c) { return ClassOf(c) != 0; });
 }
 
 void IBText::SetPos(const Pos& pos) {

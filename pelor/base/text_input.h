@@ -110,6 +110,10 @@ class PELOR_EXPORT IBText {
     return classes_[static_cast<unsigned char>(c)];
   }
 
+  /// Whether a number ends where its notation does: values are words, and no convention gives another meaning
+  /// to a character that numbers are made of.
+  [[nodiscard]] bool NumbersArePlain() const noexcept { return numbers_are_plain_; }
+
   /// Skips white space and comments; line ends only with `across_lines`, and only if they are white space.
   void SkipBlanks(bool across_lines);
   /// Reads one line end; false when the position is not at one.
@@ -132,6 +136,7 @@ class PELOR_EXPORT IBText {
   bool exhausted_ = true;  ///< the stream has nothing behind the window
   LineState anchor_;       ///< at begin_
   std::array<std::uint8_t, 256> classes_{};
+  bool numbers_are_plain_ = true;
   TxtSeparators separators_;
   TxtQuotes quotes_;
   TxtComments comments_;

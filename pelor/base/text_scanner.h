@@ -56,7 +56,7 @@ class PELOR_EXPORT IxText : public IBText {
     // The hot path: two numbers a vertex. The margin holds the blanks, the number and what ends it.
     constexpr std::size_t kMargin = 64;
     const std::string_view window = Window(kMargin);
-    if (window.size() < kMargin) [[unlikely]]
+    if (window.size() < kMargin || !NumbersArePlain()) [[unlikely]]
       return ReadNumber(value, format, across_lines);
     const char* p = window.data();
     const char* const margin = p + kMargin / 2;

@@ -336,6 +336,31 @@ TEST(ScannerTest, AFieldIsReadAsANumberWhole) {
   EXPECT_EQ(value, 3);
 }
 
+TEST(ScannerTest, NumbersInFieldsAreWholeFieldsHoweverMuchFollows) {
+  Fields fields("1,2.5,8 9,4\n" + std::string(200, '7'));
+  double value = 0.0;
+  EXPECT_TRUE(fields.in.ReadNextSep(value, FltFmt(), false));
+  EXPECT_EQ(value, 1.0);
+  EXPECT_TRUE(fields.in.ReadNextSep(value, FltFmt(), false));
+  EXPECT_EQ(value, 2.5);
+  EXPECT_FALSE(fields.in.ReadNextSep(value, FltFmt(), false)) << "8 9 is no number";
+  EXPECT_EQ(value, 2.5);
+  EXPECT_EQ(fields.in.Offset(), 6U);
+}
+
+TEST(ScannerTest, AConventionCanTakeACharacterFromNumbers) {
+  for (const std::size_t behind : {1U, 200U}) {
+    Words words("15250 -3" + std::string(behind, '\n'));
+    words.in.Def(TxtSeparators{IRefC<ChrS<char>>(new ChrS<char>('5')),
+                               IRefC<ChrS<char>>(new ChrS<char>(" -\n")), '5', false});
+    for (const double expected : {1.0, 2.0, 0.0, 3.0}) {
+      double value = 9.0;
+      EXPECT_TRUE(words.in.ReadNextSep(value, FltFmt(), false)) << expected;
+      EXPECT_EQ(value, expected) << behind;
+    }
+  }
+}
+
 TEST(ArgumentsTest, NumbersAreReadAcrossLineEndsWhereAsked) {
   Words words("1 2\n 3\r\n4\nPen");
   IxText::ArgSep args;
