@@ -31,7 +31,8 @@ ComponentRun::ComponentRun(const ElementView& header, const Place& place) noexce
   }
   const auto behind_header = static_cast<std::int64_t>(header.Bytes().size());
   const auto size = static_cast<std::int64_t>(2 * (ComplexDescription::kWordsBefore + words));
-  if (words != 0 && size >= behind_header) end_ = place.position + size;
+  // A description without components is not to be believed where it counts some.
+  if (words != 0 && (told_ == 0 ? size >= behind_header : size > behind_header)) end_ = place.position + size;
 }
 
 bool ComponentRun::Takes(const ElementView& element, const Place& place) const noexcept {

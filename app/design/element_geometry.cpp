@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace App {
@@ -18,23 +19,38 @@ constexpr std::size_t kQuaternion = 16;
 // Characters are this many thousandths of their multiplier wide and high.
 constexpr double kTextUnit = 6.0 / 1000.0;
 
-// The components of a stored rotation make a unit quaternion, or there is none.
-bool IsQuaternion(const char* bytes) noexcept {
+double SquaredNorm(const char* stored) noexcept {
   double square = 0.0;
   for (std::size_t i = 0; i < 4; ++i) {
-    const double part = DGN::GetQuatParam(DGN::LoadLong(bytes + 4 * i));
+    const double part = DGN::GetQuatParam(DGN::LoadLong(stored + 4 * i));
     square += part * part;
   }
-  return std::fabs(square - 1.0) < 1e-3;
+  return square;
 }
 
+// The components of a stored rotation make a unit quaternion, or there is none.
+bool IsQuaternion(const char* bytes) noexcept {
+  return std::fabs(SquaredNorm(bytes) - 1.0) < 1e-3;
+}
+
+// As stored, components are out by up to 2^-31, which a large radius would show: the rotation is scaled back
+// to one. None at all counts as no rotation.
 DGN::Trans3D Rotation(const ElementView& element, std::size_t offset) noexcept {
   DGN::quaternion stored;
   stored.w = element.Long(offset);
   stored.x = element.Long(offset + 4);
   stored.y = element.Long(offset + 8);
   stored.z = element.Long(offset + 12);
-  return DGN::Trans3D(stored, 1.0);
+  double norm = SquaredNorm(element.Bytes().data() + offset);
+  if (norm == 0.0) {
+    stored.w = std::numeric_limits<std::int32_t>::max();
+    norm = 1.0;
+  }
+  DGN::Trans3D rotation(stored, 1.0);
+  for (auto& row : rotation.m) {
+    for (double& entry : row) entry /= norm;
+  }
+  return rotation;
 }
 
 }  // namespace
@@ -95,9 +111,9 @@ std::optional<Vertices> Vertices::Decode(const ElementView& element) noexcept {
   // A point string in space gives a rotation with each point: behind it, or behind all points.
   constexpr std::size_t kTurned = kPoint3D + kQuaternion;
   if (element.Type() == DGN::PointStringType && element.Is3D() && vertices.count_ != 0 &&
-      element.Reaches(first, vertices.count_ * kTurned)) {
-    const char* const behind_all = vertices.first_ + vertices.count_ * kPoint3D;
-    if (IsQuaternion(vertices.first_ + kPoint3D) || !IsQuaternion(behind_all)) vertices.stride_ = kTurned;
+      element.Reaches(first, vertices.count_ * kTurned) &&
+      !IsQuaternion(vertices.first_ + vertices.count_ * kPoint3D)) {
+    vertices.stride_ = kTurned;
   }
   return vertices;
 }
