@@ -124,9 +124,8 @@ void OutputFiles::GiveName(File& file) {
   }
   if (failed != 0) {
     const int error = errno;
-    const Failure failure = SystemFailure(file.name, "cannot be written", error);
     TakeBack();
-    throw failure;
+    throw SystemFailure(file.name, "cannot be written", error);
   }
   file.committed = true;
 }
