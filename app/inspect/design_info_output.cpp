@@ -18,7 +18,7 @@ constexpr std::string_view kAxes = "xyz";
 std::string Hexadecimal(std::uint16_t number) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text = "0x";
-  for (int shift = 12; shift >= 0; shift -= 4) text += kDigits[number >> shift & 0xFU];
+  for (int shift = 12; shift >= 0; shift -= 4) text += kDigits[unsigned{number} >> shift & 0xFU];
   return text;
 }
 
