@@ -1,12 +1,9 @@
 #include "app/design/design_sink.h"
 
 #include "app/design/header_element.h"
-#include "app/design/text_writer.h"
 #include "app/io/failure.h"
-#include "app/io/interrupt.h"
 
 #include <charconv>
-#include <cmath>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -19,8 +16,6 @@ namespace {
 
 /// The entity number of the table's rows.
 constexpr std::uint16_t kEntity = 1;
-/// The tolerance of flattened curves, in units of resolution, unless one is given.
-constexpr double kToleranceUors = 10.0;
 
 constexpr std::string_view kNoKey = "without a key: its value is no whole number from 0 to 4294967295";
 constexpr std::string_view kNoLevel = "level of all elements: its value is no whole number from 0 to 63";
@@ -56,33 +51,6 @@ std::filesystem::path TableName(std::filesystem::path design) {
 }
 
 }  // namespace
-
-void DesignExtent::Add(const MI::WObjBody& object) {
-  Vanth::BoundsXY bounds;
-  if (object.GetType() == MI::WObjType_Text) {
-    const auto& text = static_cast<const MI::WTextBody&>(object);
-    for (const Vanth::PointXY& corner : TextWriter::CornersOf(text).points) bounds.Extend(corner);
-  } else if (object.GetType() == MI::WObjType_Arc) {
-    // The ellipse counts, whose centre is written.
-    bounds = Vanth::BoundsXY(static_cast<const MI::WArcBody&>(object).GetRect());
-  } else {
-    bounds = object.GetBounds();
-  }
-  for (const Vanth::PointXY& corner : {bounds.Min(), bounds.Max()}) {
-    if (std::isfinite(corner.x) && std::isfinite(corner.y)) bounds_.Extend(corner);
-  }
-}
-
-DesignExtent MeasureExtent(FeatureSource& source) {
-  DesignExtent extent;
-  Feature feature;
-  Account ignored;
-  while (source.Next(feature, ignored)) {
-    extent.Add(*feature.object);
-    ThrowIfInterrupted();
-  }
-  return extent;
-}
 
 DesignSink::DesignSink(const std::filesystem::path& design, std::unique_ptr<OutputFiles> files,
                        const Schema& schema, const DesignExtent& extent, const DesignSinkOptions& options)
@@ -120,12 +88,12 @@ DesignSink::Start DesignSink::Settle(const std::filesystem::path& design, Output
       start.units = ChangeUnits(start.seed->units, options.units);
       ThrowUnlessFits(start.units, extent.Get());
     } else {
-      start.units = ChooseUnits(extent.Get(), NamesOf(schema.system), options.units);
+      start.units = ChooseUnits(extent.Measure(), NamesOf(schema.system), options.units);
     }
   } catch (const Failure& failure) {
     throw Failure(design.string() + " cannot be written: " + failure.what());
   }
-  start.keeps_all_digits = KeepsAllDigits(start.units, extent.Get());
+  start.keeps_all_digits = KeepsAllDigits(start.units, extent.Measure());
   return start;
 }
 
@@ -136,7 +104,7 @@ Palette DesignSink::StartPalette(const Start& start) {
 ObjectWriter::Settings DesignSink::WriterSettings(const Start& start, const DesignSinkOptions& options) {
   ObjectWriter::Settings settings;
   settings.units = start.units;
-  settings.tolerance = options.tolerance.value_or(kToleranceUors / start.units.UorsPerMaster());
+  settings.tolerance = options.tolerance.value_or(0.0);
   settings.charset = options.charset;
   if (start.seed) settings.last_graphic_group = start.seed->last_graphic_group;
   return settings;

@@ -2,6 +2,7 @@
 
 #include "app/convert/feature.h"
 #include "app/design/csv_table.h"
+#include "app/design/design_extent.h"
 #include "app/design/design_output.h"
 #include "app/design/object_writer.h"
 #include "app/design/palette.h"
@@ -31,22 +32,9 @@ struct DesignSinkOptions {
   /// Of all elements, unless a column says it; without both, colours are those of the objects.
   std::optional<std::uint8_t> color;
   std::string color_column;               ///< whole numbers from 0 to 255
-  std::optional<double> tolerance;        ///< of flattened curves, in map units; else ten units of resolution
+  std::optional<double> tolerance;        ///< of flattened curves, in map units; else by their size
   std::string charset = "WindowsLatin1";  ///< of the texts
 };
-
-/// Takes the extent of the objects that a design is to hold, which must be known before its units are.
-class DesignExtent {
- public:
-  void Add(const Pelor::MI::WObjBody& object);
-  [[nodiscard]] const Vanth::BoundsXY& Get() const noexcept { return bounds_; }
-
- private:
-  Vanth::BoundsXY bounds_;
-};
-/// The extent of all features that the source still has. Sources are read twice to write a design: so memory
-/// stays constant, and no temporary copy is needed.
-[[nodiscard]] DesignExtent MeasureExtent(FeatureSource& source);
 
 /// Writes features as the elements of a design file, and their rows into a table of comma-separated values
 /// beside it. Every element of an object carries the key of its row in a database linkage.

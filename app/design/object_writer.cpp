@@ -1,5 +1,6 @@
 #include "app/design/object_writer.h"
 
+#include "app/design/flatten.h"
 #include "app/design/symbology.h"
 #include "app/design/uor_point.h"
 
@@ -161,7 +162,10 @@ std::string_view ObjectWriter::Put(const MI::WRectBody& rect, const ObjectLook& 
 std::string_view ObjectWriter::Put(const MI::WRRectBody& rect, const ObjectLook& look) {
   // The object is only read, but a handle shares it for a while.
   const MI::WObjRf<MI::WObjBody> copy(rect.Clone());
-  const MI::WRegionObj flattened = MI::WVarObj(copy, tolerance_, false).GetClosed();
+  const double scale = units_.UorsPerMaster();
+  const double radius = std::fabs(rect.GetRounding()) / 2;
+  const double tolerance = ToleranceFor(radius * scale, tolerance_ * scale) / scale;
+  const MI::WRegionObj flattened = MI::WVarObj(copy, tolerance, false).GetClosed();
   const Style style = AreaStyleOf(rect, look);
   if (rect.GetRounding() != 0) Note(kFlattened);
   return PutRings(*flattened->GetOutline(), style, look, FilledLinkages(rect.GetBrush(), look));

@@ -27,7 +27,7 @@ class ObjectWriter {
  public:
   struct Settings {
     WorkingUnits units;
-    double tolerance = 0.0;  ///< of flattened curves, in master units
+    double tolerance = 0.0;  ///< of flattened curves, in master units; 0 for one by their size
     std::string_view charset;
     std::uint16_t last_graphic_group = 0;  ///< the highest that is in use
   };

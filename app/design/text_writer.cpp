@@ -76,6 +76,12 @@ TextWriter::Corners TextWriter::CornersOf(const MI::WTextBody& text) {
   return {{pivot, at(width, 0), at(width, height), at(0, height)}};
 }
 
+double TextWriter::LetterOf(const MI::WTextBody& text) {
+  const Vanth::RectXY& box = text.GetBox();
+  const auto characters = static_cast<double>(std::max<std::size_t>(text.GetText().Length(), 1));
+  return std::max(std::fabs(box.Height()), std::fabs(box.Width()) / characters);
+}
+
 bool TextWriter::Write(const ElementStyle& style, const MI::WTextBody& text, const LinkageWords& linkages) {
   SplitIntoLines(text.GetText());
   std::size_t longest = 0;

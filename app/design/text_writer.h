@@ -29,6 +29,9 @@ class TextWriter {
   };
   [[nodiscard]] static Corners CornersOf(const Pelor::MI::WTextBody& text);
 
+  /// The longer edge of the text's characters, roughly; those of several lines count as one line's.
+  [[nodiscard]] static double LetterOf(const Pelor::MI::WTextBody& text);
+
   /// False, and nothing is written, for a text without characters.
   bool Write(const ElementStyle& style, const Pelor::MI::WTextBody& text, const LinkageWords& linkages);
 

@@ -1,5 +1,6 @@
 #include "app/design/working_units.h"
 
+#include "app/design/element_writer.h"
 #include "app/io/failure.h"
 #include <pelor/base.h>
 
@@ -47,6 +48,17 @@ int WantedPower(const Vanth::BoundsXY& extent) {
   const double largest = LargestCoordinate(extent);
   if (!(largest > 0)) return 3;
   return kDigits - static_cast<int>(std::floor(std::log10(largest)));
+}
+
+/// The same for the digits that coordinates really have.
+int NeededPower(const MapMeasure& measure) {
+  return std::min(measure.decimals + 1, WantedPower(measure.extent));
+}
+
+/// The largest power of ten at which a character of this size can be written.
+int LetterPower(double letter) {
+  if (!(letter > 0)) return kLargestPower;
+  return static_cast<int>(std::floor(std::log10(kHighest * TextShape::kMultiplierUnit / letter)));
 }
 
 bool Fits(double low, double high, double uors_per_master, double origin) {
@@ -141,9 +153,8 @@ UnitNames ParseUnitNames(std::string_view text) {
   return names;
 }
 
-WorkingUnits ChooseUnits(const Vanth::BoundsXY& given_extent, const UnitNames& names,
-                         const UnitChoice& choice) {
-  const Vanth::BoundsXY extent = given_extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : given_extent;
+WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names, const UnitChoice& choice) {
+  const Vanth::BoundsXY extent = measure.extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : measure.extent;
   const UnitNames& used_names = choice.names ? *choice.names : names;
   WorkingUnits units;
   if (choice.uors_per_master) {
@@ -151,7 +162,8 @@ WorkingUnits ChooseUnits(const Vanth::BoundsXY& given_extent, const UnitNames& n
     if (!SetOrigin(units, extent, choice)) ThrowDoesNotFit(units, extent);
     return units;
   }
-  for (int power = std::clamp(WantedPower(extent), 0, kLargestPower); power >= 0; --power) {
+  const int best = std::max(NeededPower(measure), std::min(WantedPower(extent), LetterPower(measure.letter)));
+  for (int power = std::clamp(best, 0, kLargestPower); power >= 0; --power) {
     SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), used_names);
     if (SetOrigin(units, extent, choice)) return units;
   }
@@ -181,10 +193,10 @@ WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
   return changed;
 }
 
-bool KeepsAllDigits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {
-  if (extent.IsEmpty() || LargestCoordinate(extent) == 0) return true;
+bool KeepsAllDigits(const WorkingUnits& units, const MapMeasure& measure) {
+  if (measure.extent.IsEmpty() || LargestCoordinate(measure.extent) == 0) return true;
   // The logarithm of a power of ten is exact, or below it by a rounding.
-  return std::log10(units.UorsPerMaster()) > WantedPower(extent) - 1e-9;
+  return std::log10(units.UorsPerMaster()) > NeededPower(measure) - 1e-9;
 }
 
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {

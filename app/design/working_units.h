@@ -41,6 +41,16 @@ struct UnitNames {
 /// Of "MASTER" or "MASTER,SUB", each one or two ASCII characters. Throws `Failure` for other texts.
 [[nodiscard]] UnitNames ParseUnitNames(std::string_view text);
 
+/// What the units of a map depend on.
+struct MapMeasure {
+  static constexpr int kMostDecimals = 10;
+
+  Vanth::BoundsXY extent;
+  /// The most decimals that any coordinate has been written with; `kMostDecimals` also for more.
+  int decimals = kMostDecimals;
+  double letter = 0.0;  ///< the longest edge of a text's character
+};
+
 /// What the user wants of the units; the rest is chosen.
 struct UnitChoice {
   std::optional<std::int32_t> uors_per_master;  ///< positive
@@ -51,16 +61,19 @@ struct UnitChoice {
 
 /// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten:
 /// where there is room, a tenth of the last of the ten significant digits with which the largest coordinate
-/// is printed, else as fine as the extent allows. The plane is moved, by a round number, only when the extent
-/// needs it. Throws `Failure`, with the numbers, when the extent cannot fit.
-[[nodiscard]] WorkingUnits ChooseUnits(const Vanth::BoundsXY& extent, const UnitNames& names,
+/// is printed, else as fine as the extent allows. The largest characters make the units coarser, as the size
+/// of a text is limited, but not coarser than a tenth of the last digit that coordinates really have. The
+/// plane is moved, by a round number, only when the extent needs it. Throws `Failure`, with the numbers, when
+/// the extent cannot fit.
+[[nodiscard]] WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names,
                                        const UnitChoice& choice);
 
 /// Units as a design has them already, changed to what `choice` says.
 [[nodiscard]] WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice);
 
-/// Whether the units keep a tenth of the last of ten significant digits of every coordinate of the extent.
-[[nodiscard]] bool KeepsAllDigits(const WorkingUnits& units, const Vanth::BoundsXY& extent);
+/// Whether the units keep a tenth of the last digit of every coordinate, printed with ten significant digits
+/// at most.
+[[nodiscard]] bool KeepsAllDigits(const WorkingUnits& units, const MapMeasure& measure);
 
 /// Throws `Failure`, with the numbers, when the extent does not lie on the plane.
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent);

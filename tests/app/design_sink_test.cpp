@@ -446,6 +446,45 @@ TEST(DesignSinkTest, LeavesNothingBehindWithoutClose) {
   EXPECT_TRUE(folder.Names().empty());
 }
 
+MapMeasure Measured(const std::vector<Object>& objects) {
+  DesignExtent extent;
+  for (const Object& object : objects) extent.Add(*object);
+  return extent.Measure();
+}
+
+TEST(DesignExtentTest, CountsTheDecimalsOfCoordinates) {
+  EXPECT_EQ(Measured({}).decimals, 0);
+  EXPECT_EQ(Measured({Point(1, -200)}).decimals, 0);
+  EXPECT_EQ(Measured({Point(1, -200.5)}).decimals, 1);
+  EXPECT_EQ(Measured({Line(0, 0, 0.07, 1), Point(5300000.123, 1)}).decimals, 3);
+  EXPECT_EQ(Measured({PLine({{{0, 0}, {1, 0.0025}}})}).decimals, 4);
+  EXPECT_EQ(Measured({Region({{{0, 0}, {1, 0.1}, {1, 1}}})}).decimals, 1);
+  EXPECT_EQ(Measured({Point(1.0 / 3, 0)}).decimals, MapMeasure::kMostDecimals);
+  EXPECT_EQ(Measured({Point(1e300, 1)}).decimals, 0);
+}
+
+TEST(DesignExtentTest, HoldsWhatIsWritten) {
+  const Object arc = MI::WArcObj({0, 0, 10, 4}, Vanth::Angle(0), Vanth::Angle(1), nullptr, {});
+  EXPECT_EQ(Measured({arc}).extent, Vanth::BoundsXY(0, 0, 10, 4));
+  const Vanth::BoundsXY turned = Measured({Text("Town", {0, 0, 4, 1}, 90)}).extent;
+  EXPECT_NEAR(turned.Max().x, 1, 1e-12);
+  EXPECT_NEAR(turned.Max().y, 5, 1e-12);
+  EXPECT_EQ(Measured({Text("Town", {0, 0, 4, 1.5})}).letter, 1.5);
+  EXPECT_EQ(Measured({Text("Town", {0, 0, 8, 1.5})}).letter, 2);
+  EXPECT_EQ(
+      Measured({Point(std::nan(""), 1), Point(INFINITY, 1), Point(2, 3), Object(new MI::WNoBody(nullptr))})
+          .extent,
+      Vanth::BoundsXY(2, 3, 2, 3));
+}
+
+TEST(DesignSinkTest, MakesRoomForLargeTexts) {
+  SinkConversion conversion;
+  conversion.options.units = {};
+  conversion.Add(Text("Town", {0, 0, 400, 100.5})).Run();
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+  EXPECT_EQ(DesignHeader::Decode(conversion.Elements().at(0).Bytes()).UorsPerMaster(), 1e5);
+}
+
 TEST(DesignSinkTest, StatesTheUnitsItChose) {
   SinkConversion conversion;
   conversion.options.units = {};
@@ -453,8 +492,12 @@ TEST(DesignSinkTest, StatesTheUnitsItChose) {
       Tobri::IRefC<MI::CoordSys>(new MI::CoordSys(MI::NonEarth_t(), MI::Units_deg, {}));
   conversion.Add(Line(-180, -90, 180, 90)).Run();
   EXPECT_EQ(conversion.account.GetAssumptions(),
-            (std::vector<std::string>{"working units: 1000 md per dg, 10000 units of resolution per md",
-                                      "coordinates are rounded to 1e-07 dg"}));
+            (std::vector<std::string>{"working units: 1000 md per dg, 10000 units of resolution per md"}));
+
+  SinkConversion rounded;
+  rounded.options.units = {};
+  rounded.Add(Line(-180.0000001, -90, 180, 90)).Run();
+  EXPECT_EQ(rounded.account.GetAssumptions().at(1), "coordinates are rounded to 1e-07 m");
 }
 
 }  // namespace

@@ -29,24 +29,45 @@ std::string Describe(const WorkingUnits& units) {
 TEST(WorkingUnitsTest, KeepATenthOfTheLastPrintedDigitWhereThereIsRoom) {
   // 600000.0000 has its last digit at 0.001 when 5400000 stands beside it.
   const Vanth::BoundsXY extent(500000, 5300000, 600000, 5400000);
-  const WorkingUnits units = ChooseUnits(extent, kMetres, {});
+  const WorkingUnits units = ChooseUnits({extent}, kMetres, {});
   EXPECT_EQ(Describe(units), "1000 mm per m x 10 from -6000000000, -5.4e+10");
-  EXPECT_TRUE(KeepsAllDigits(units, extent));
+  EXPECT_TRUE(KeepsAllDigits(units, {extent}));
 }
 
 TEST(WorkingUnitsTest, StayAtTheOriginWhereTheExtentAllowsIt) {
-  EXPECT_EQ(Describe(ChooseUnits({-20, 0, 20, 10}, kMetres, {})), "1000 mm per m x 100000 from 0, 0");
+  EXPECT_EQ(Describe(ChooseUnits({{-20, 0, 20, 10}}, kMetres, {})), "1000 mm per m x 100000 from 0, 0");
   EXPECT_EQ(Describe(ChooseUnits({}, kMetres, {})), "1000 mm per m x 1 from 0, 0");
-  EXPECT_EQ(Describe(ChooseUnits({0, 0, 0, 0}, kMetres, {})), "1000 mm per m x 1 from 0, 0");
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 0, 0}}, kMetres, {})), "1000 mm per m x 1 from 0, 0");
 }
 
 TEST(WorkingUnitsTest, AreAsFineAsTheExtentAllowsElse) {
   const Vanth::BoundsXY world(-180, -90, 180, 83.6);
-  const WorkingUnits units = ChooseUnits(world, kDegrees, {});
+  const WorkingUnits units = ChooseUnits({world}, kDegrees, {});
   EXPECT_EQ(Describe(units), "1000 md per dg x 10000 from 0, 0");
-  EXPECT_FALSE(KeepsAllDigits(units, world));
-  EXPECT_EQ(Describe(ChooseUnits({0, 0, 4e7, 1}, kMetres, {})), "1 m per m x 100 from -2000000000, 0");
-  EXPECT_EQ(Describe(ChooseUnits({0, 0, 0.001, 0.001}, kMetres, {})), "1000 mm per m x 1000000 from 0, 0");
+  EXPECT_FALSE(KeepsAllDigits(units, {world}));
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 4e7, 1}}, kMetres, {})), "1 m per m x 100 from -2000000000, 0");
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 0.001, 0.001}}, kMetres, {})), "1000 mm per m x 1000000 from 0, 0");
+}
+
+TEST(WorkingUnitsTest, LeaveRoomForTheLargestCharacters) {
+  // At a million units of resolution per metre characters end at 12.88 m.
+  const Vanth::BoundsXY extent(0, 0, 420, 300);
+  EXPECT_EQ(Describe(ChooseUnits({extent, 2, 12.8}, kMetres, {})), "1000 mm per m x 1000 from 0, 0");
+  EXPECT_EQ(Describe(ChooseUnits({extent, 2, 12.9}, kMetres, {})), "1000 mm per m x 100 from 0, 0");
+  EXPECT_EQ(Describe(ChooseUnits({extent, 2, 2000}, kMetres, {})), "1000 mm per m x 1 from 0, 0");
+  // Coordinates come first.
+  EXPECT_EQ(Describe(ChooseUnits({extent, 4, 2000}, kMetres, {})), "1000 mm per m x 100 from 0, 0");
+}
+
+TEST(WorkingUnitsTest, KeepTheDigitsThatAreThere) {
+  const Vanth::BoundsXY extent(0, 0, 42000, 30000);
+  WorkingUnits units;
+  units.uors_per_sub = 10;
+  EXPECT_TRUE(KeepsAllDigits(units, {extent, 3}));
+  EXPECT_FALSE(KeepsAllDigits(units, {extent, 4}));
+  // The tenth significant digit is the fifth decimal.
+  units.uors_per_sub = 1000;
+  EXPECT_TRUE(KeepsAllDigits(units, {extent, 9}));
 }
 
 TEST(WorkingUnitsTest, AreTakenAsGiven) {
@@ -54,24 +75,25 @@ TEST(WorkingUnitsTest, AreTakenAsGiven) {
   choice.uors_per_master = 120;
   choice.names = ParseUnitNames("ft,in");
   choice.middle = Vanth::PointXY{1000, -2000};
-  EXPECT_EQ(Describe(ChooseUnits({0, 0, 10, 10}, kMetres, choice)), "1 ft per ft x 120 from -120000, 240000");
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 10, 10}}, kMetres, choice)),
+            "1 ft per ft x 120 from -120000, 240000");
   choice.uors_per_master = 12000;
-  EXPECT_EQ(Describe(ChooseUnits({0, 0, 10, 10}, kMetres, choice)),
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 10, 10}}, kMetres, choice)),
             "1000 in per ft x 12 from -12000000, 24000000");
 }
 
 TEST(WorkingUnitsTest, RefuseAnExtentThatCannotFit) {
   EXPECT_EQ(
       FailureText([] {
-        (void)ChooseUnits({0, 0, 5e9, 10}, kMetres, {});
+        (void)ChooseUnits({{0, 0, 5e9, 10}}, kMetres, {});
       }),
       "the extent of the map, 0 to 5000000000 by 0 to 10 m, does not fit: at 1 units of resolution per m "
       "the design plane reaches from -2147483648 to 2147483647 by -2147483648 to 2147483647 m");
-  EXPECT_NE(FailureText([] { (void)ChooseUnits({-3e9, 0, 3e9, 10}, kMetres, {}); }), "");
+  EXPECT_NE(FailureText([] { (void)ChooseUnits({{-3e9, 0, 3e9, 10}}, kMetres, {}); }), "");
   UnitChoice choice;
   choice.uors_per_master = 100000000;
   EXPECT_EQ(FailureText([&] {
-              (void)ChooseUnits({-180, -90, 180, 90}, kDegrees, choice);
+              (void)ChooseUnits({{-180, -90, 180, 90}}, kDegrees, choice);
             }),
             "the extent of the map, -180 to 180 by -90 to 90 dg, does not fit: at 100000000 units of "
             "resolution per dg the design plane reaches from -21.47483648 to 21.47483647 by -21.47483648 to "
@@ -79,15 +101,18 @@ TEST(WorkingUnitsTest, RefuseAnExtentThatCannotFit) {
   UnitChoice moved;
   moved.uors_per_master = 10;
   moved.middle = Vanth::PointXY{1e9, 0};
-  EXPECT_NE(FailureText([&] { (void)ChooseUnits({-180, -90, 180, 90}, kDegrees, moved); }), "");
+  EXPECT_NE(FailureText([&] { (void)ChooseUnits({{-180, -90, 180, 90}}, kDegrees, moved); }), "");
 }
 
 TEST(WorkingUnitsTest, HoldBothEndsOfThePlane) {
   UnitChoice choice;
   choice.uors_per_master = 1;
-  EXPECT_EQ(FailureText([&] { (void)ChooseUnits({-2147483648.0, 0, 2147483647, 1}, kMetres, choice); }), "");
+  EXPECT_EQ(FailureText([&] {
+              (void)ChooseUnits({{-2147483648.0, 0, 2147483647, 1}}, kMetres, choice);
+            }),
+            "");
   EXPECT_NE(FailureText([&] {
-              (void)ChooseUnits({-2147483648.0, 0, 2147483648.0, 1}, kMetres, choice);
+              (void)ChooseUnits({{-2147483648.0, 0, 2147483648.0, 1}}, kMetres, choice);
             }),
             "");
 }
