@@ -18,7 +18,7 @@ constexpr double kPointsPerPixel = 0.75;
 cairo_status_t Write(void* closure, const unsigned char* data, unsigned int length) noexcept {
   auto& out = *static_cast<std::ostream*>(closure);
   try {
-    // A char may look at any bytes.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes are written as chars
     out.write(reinterpret_cast<const char*>(data), length);
   } catch (...) {
     return CAIRO_STATUS_WRITE_ERROR;
