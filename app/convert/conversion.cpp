@@ -72,20 +72,20 @@ class Conversion {
   }
 
   void DesignToPair() {
-    progress_.SetPasses(2);
     PairOptions to_pair = options_.to_pair;
+    const int passes = to_pair.coordsys.empty() ? 2 : 1;
+    progress_.SetPasses(passes);
     if (!options_.charset_out.empty()) to_pair.charset = options_.charset_out;
-    DesignSource source(file_.input, options_.from_design);
     if (to_pair.coordsys.empty()) {
+      DesignOptions shapes_alone = options_.from_design;
+      shapes_alone.columns.clear();
+      DesignSource source(file_.input, shapes_alone);
       to_pair.bounds = RoundedOut(Extent(source).Get());
       to_pair.units = UnitsOf(source.GetHeader());
-      DesignSource again(file_.input, options_.from_design);
-      PairSink sink(Output(), NewOutputs(), again.GetSchema(), to_pair);
-      Transfer(again, sink, 1);
-      return;
     }
+    DesignSource source(file_.input, options_.from_design);
     PairSink sink(Output(), NewOutputs(), source.GetSchema(), to_pair);
-    Transfer(source, sink, 1);
+    Transfer(source, sink, passes - 1);
   }
 
   void PairToDesign() {
@@ -93,7 +93,10 @@ class Conversion {
     DesignSinkOptions to_design = options_.to_design;
     DesignExtent extent;
     {
-      PairSource source(file_.input, options_.charset_in);
+      // The rows are not needed for that, and reading is most of the work.
+      Input shapes_alone = file_.input;
+      shapes_alone.mid.clear();
+      PairSource source(shapes_alone, options_.charset_in);
       extent = Extent(source);
       to_design.charset = options_.charset_out.empty() ? source.GetCharset() : options_.charset_out;
     }
