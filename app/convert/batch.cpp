@@ -28,7 +28,7 @@ class Folders {
   // Full ones cannot be removed, and stay.
   ~Folders() {
     std::error_code ignored;
-    for (auto folder = made_.rbegin(); folder != made_.rend(); ++folder) fs::remove(*folder, ignored);
+    for (; !made_.empty(); made_.pop_back()) fs::remove(made_.back(), ignored);
   }
 
   void Make(const fs::path& folder) {

@@ -82,8 +82,10 @@ class CommonAccount {
       sum.count += entry.count;
       for (const Place& place : entry.places) {
         if (sum.places.size() == Account::kPlaces) break;
-        std::string text = PlaceText(place, in_design);
-        if (!file.empty()) text = text.empty() ? file : file + ' ' + text;
+        std::string text = file;
+        const std::string at = PlaceText(place, in_design);
+        if (!text.empty() && !at.empty()) text += ' ';
+        text += at;
         if (!text.empty()) sum.places.push_back(std::move(text));
       }
     }

@@ -45,8 +45,10 @@ double LargestCoordinate(const Vanth::BoundsXY& extent) {
 
 /// The power of ten of the units of resolution per master unit that keep a tenth of the last digit.
 int WantedPower(const Vanth::BoundsXY& extent) {
+  constexpr int kWithoutExtent = 3;
+  if (extent.IsEmpty()) return kWithoutExtent;
   const double largest = LargestCoordinate(extent);
-  if (!(largest > 0)) return 3;
+  if (!(largest > 0)) return kWithoutExtent;
   return kDigits - static_cast<int>(std::floor(std::log10(largest)));
 }
 
