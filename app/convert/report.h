@@ -41,7 +41,7 @@ void PrintSummary(std::ostream& out, std::span<const FileResult> results);
 /// What `--dry-run` prints: a line for each file.
 void PrintPlan(std::ostream& out, std::span<const FileResult> results);
 
-/// The account as JSON, its keys as documented in docs/report.md.
+/// The account as JSON, its keys as documented in docs/converting.md.
 [[nodiscard]] std::string ReportJson(std::span<const FileResult> results, int exit_code);
 
 }  // namespace App

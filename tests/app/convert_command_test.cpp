@@ -1,3 +1,4 @@
+#include "app/command/convert.h"
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include "convert_run.h"
@@ -8,6 +9,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <set>
+#include <sstream>
 #include <string>
 #include <sys/resource.h>
 
@@ -285,6 +287,37 @@ TEST_F(ConvertCommandTest, BadInputsAreToldInOneSentence) {
   ExpectFailure({"/no.dgn", "-o", "/o.mif"}, "no.dgn does not exist");
   ExpectFailure({"/a.dgn", "-o", "/o.shp"}, "o.shp has an unknown extension; .mif or .dgn say what to write");
   ExpectFailure({"/a.dgn", "-o", "/no/o.mif"}, "no/o.mif cannot be written: its folder does not exist");
+}
+
+TEST_F(ConvertCommandTest, TheExamplesOfTheHelpWork) {
+  Write("plan.dgn", DesignOfAllKinds());
+  Write("seed2d.dgn", DesignOfAllKinds());
+  for (const char* const name : {"parcels", "old", "archive/map"}) {
+    Write(std::string(name) + ".mif", kMifOfAllKinds);
+    Write(std::string(name) + ".mid", kMidOfAllKinds);
+  }
+  CLI::App program;
+  int exit_code = 0;
+  App::AddConvertCommand(program, exit_code);
+  std::istringstream footer(program.get_subcommand("convert")->get_footer());
+  const fs::path before = fs::current_path();
+  fs::current_path(Folder().Path());
+  int examples = 0;
+  for (std::string line; std::getline(footer, line);) {
+    std::istringstream words(line);
+    std::string word;
+    words >> word;
+    if (word != "pelor" || !(words >> word) || word != "convert") continue;
+    std::vector<std::string> arguments;
+    while (words >> word) arguments.push_back(word);
+    arguments.emplace_back("--overwrite");
+    const ConvertRun run = Convert(arguments);
+    EXPECT_EQ(run.err, "") << line;
+    EXPECT_LE(run.exit_code, kDoneWithFindings) << line;
+    ++examples;
+  }
+  fs::current_path(before);
+  EXPECT_EQ(examples, 6);
 }
 
 TEST_F(ConvertCommandTest, OptionsThatNoFileHasAUseForAreRefused) {
