@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <span>
 
@@ -18,9 +19,12 @@ static_assert(std::size(kPowers) == MapMeasure::kMostDecimals + 1);
 
 /// Whether the number is what text with so many decimals reads as.
 bool HasDecimals(double value, int decimals) {
-  constexpr double kWhole = 9007199254740992.0;  // all doubles from here on are whole
+  constexpr double kWhole = 4503599627370496.0;  // all doubles from here on are whole
   const double scaled = value * kPowers[decimals];
-  return std::fabs(scaled) >= kWhole || std::nearbyint(scaled) / kPowers[decimals] == value;
+  if (std::fabs(scaled) >= kWhole) return true;
+  // Two of these a vertex: a cast is many times as fast as a call of the rounding functions.
+  const auto nearest = static_cast<std::int64_t>(scaled + std::copysign(0.5, scaled));
+  return static_cast<double>(nearest) / kPowers[decimals] == value;
 }
 
 std::span<const Vanth::PointXY> VerticesOf(const MI::WObjBody& object) {
