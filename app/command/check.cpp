@@ -8,6 +8,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <iostream>
 #include <memory>
@@ -32,7 +33,9 @@ class Tally {
   [[nodiscard]] std::int64_t operator[](Severity severity) const {
     return counts_[static_cast<std::size_t>(severity)];
   }
-  [[nodiscard]] bool IsClean() const { return counts_ == decltype(counts_)(); }
+  [[nodiscard]] bool IsClean() const {
+    return std::all_of(counts_.begin(), counts_.end(), [](std::int64_t count) { return count == 0; });
+  }
 
   [[nodiscard]] std::string ToText() const {
     std::string text;

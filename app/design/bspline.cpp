@@ -104,7 +104,8 @@ void BSpline::MakeKnotVector() {
   }
   for (std::size_t i = 0; i <= period; ++i) vector_.push_back(knot(i));
   for (std::size_t i = 1; i <= degree; ++i) {
-    vector_.push_back(is_closed_ ? knot(i % period) + static_cast<double>(i / period) + 1.0 : 1.0);
+    const std::size_t turns = i / period + 1;
+    vector_.push_back(is_closed_ ? knot(i % period) + static_cast<double>(turns) : 1.0);
   }
 }
 

@@ -31,7 +31,7 @@ void Set(Tobri::String& value, std::string_view text) {
 }
 
 void Set(Tobri::String& value, std::int64_t number) {
-  std::array<char, 24> digits;
+  std::array<char, 24> digits = {};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   Set(value, std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
 }

@@ -97,7 +97,7 @@ void ElementCursor::Load() {
 bool ElementCursor::IsFillerToTheEnd(std::int64_t position) {
   if (position < filler_checked_to_) return false;
   file_.EBodyRPosition(0);
-  std::array<char, 4096> chunk;
+  std::array<char, 4096> chunk = {};
   filler_checked_to_ = position + static_cast<std::int64_t>(DGN::EHeader::kBytes);
   for (;;) {
     file_.read(chunk.data(), chunk.size());

@@ -66,7 +66,7 @@ void PrintObjects(const PairInfo& info, std::ostream& out) {
   what = "Not read";
   for (const auto& [kind, counts] : info.account.GetKinds()) {
     for (const auto& [reason, entry] : counts.skip_reasons) {
-      PrintLine(out, what, ToText(entry.count) + ' ' + kind + ": " + reason);
+      PrintLine(out, what, ToText(entry.count).append(1, ' ').append(kind).append(": ").append(reason));
       what = "";
     }
   }

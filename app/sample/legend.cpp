@@ -33,7 +33,7 @@ void DrawColors(Sheet& sheet, const MapColors& colors) {
 void DrawSymbols(Sheet& sheet, const MapColors& colors) {
   struct Row {
     Look look;
-    const char* name;
+    std::string_view name;
   };
   const Row rows[] = {
       {{.level = kLegendLevel, .color = MapColors::kRed, .weight = 3}, "survey point"},
@@ -42,8 +42,10 @@ void DrawSymbols(Sheet& sheet, const MapColors& colors) {
       {{.level = kLegendLevel, .color = colors.water_lettering, .weight = 1}, "spring"},
   };
   for (std::size_t i = 0; i < std::size(rows); ++i) {
-    const double x = kInner + 8 + 150 * static_cast<double>(i % 2);
-    const double y = 592 - 20 * static_cast<double>(i / 2);
+    const std::size_t column = i % 2;
+    const std::size_t line = i / 2;
+    const double x = kInner + 8 + 150 * static_cast<double>(column);
+    const double y = 592 - 20 * static_cast<double>(line);
     sheet.Point(rows[i].look, {x, y});
     sheet.Text(Frame(colors, 0), {x + 18, y}, rows[i].name, {.height = 10, .justification = kLeftCentre});
   }
@@ -53,11 +55,13 @@ void DrawStyles(Sheet& sheet, const MapColors& colors) {
   constexpr std::array<std::string_view, 8> kNames = {"solid",       "dots",         "medium dashes",
                                                       "long dashes", "dot and dash", "short dashes",
                                                       "two dots",    "long, short"};
-  for (std::uint8_t i = 0; i < kNames.size(); ++i) {
-    const double y = 440 - 20.0 * i;
-    sheet.Line({.level = kLegendLevel, .color = colors.lettering, .weight = 1, .line_style = i}, {kInner, y},
-               {kInner + 150, y});
-    sheet.Text(Frame(colors, 0), {kInner + 164, y}, kNames[i], {.height = 10, .justification = kLeftCentre});
+  std::uint8_t line_style = 0;
+  for (const std::string_view name : kNames) {
+    const double y = 440 - 20.0 * line_style;
+    sheet.Line({.level = kLegendLevel, .color = colors.lettering, .weight = 1, .line_style = line_style},
+               {kInner, y}, {kInner + 150, y});
+    sheet.Text(Frame(colors, 0), {kInner + 164, y}, name, {.height = 10, .justification = kLeftCentre});
+    ++line_style;
   }
 }
 

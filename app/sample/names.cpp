@@ -19,7 +19,7 @@ constexpr std::uint8_t kRightCentre = 13;
 void DrawSurveyPoints(Sheet& sheet) {
   struct Place {
     Vanth::PointXY at;
-    const char* name;
+    std::string_view name;
   };
   for (const Place& point :
        {Place{{245, 142}, "K12"}, Place{{1000, 400}, "K13"}, Place{{1150, 120}, "K14"}}) {

@@ -29,6 +29,7 @@ bool GetLineFlush(std::ostream& out) {
   return out.iword(NoFlushSlot()) == 0;
 }
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the buffer is filled before it is given
 ClauseText::ClauseText(std::ostream& out) : out_(out), lines_are_flushed_(GetLineFlush(out)) {
   const ios_base::fmtflags flags = out.flags();
   const std::streamsize precision = out.precision();
