@@ -120,13 +120,21 @@ bool DesignSource::GiveLine(std::span<const PointXY> points) {
 // The area that the parts of the path bound.
 bool DesignSource::GiveArea() {
   if (path_.HasHeight()) Note(Reason::kHeight);
+  bool has_area = false;
+  bool has_other = false;
   std::span<const PointXY> longest;
   for (std::size_t i = 0; i < path_.Parts(); ++i) {
     if (path_.HasArea(i)) {
-      maker_.Region(*feature_, path_, facts_.symbology, facts_.linkages.fill_color);
-      return Give();
+      has_area = true;
+    } else {
+      has_other = true;
+      if (path_.Part(i).size() > longest.size()) longest = path_.Part(i);
     }
-    if (path_.Part(i).size() > longest.size()) longest = path_.Part(i);
+  }
+  if (has_area) {
+    if (has_other) Note(Reason::kLostRing);
+    maker_.Region(*feature_, path_, facts_.symbology, facts_.linkages.fill_color);
+    return Give();
   }
   if (longest.empty()) return Skip(Reason::kNoPoints);
   Note(Reason::kNoArea);

@@ -122,7 +122,9 @@ bool DesignSource::ConvertText(const ElementView& element) {
   text_.clear();
   const std::size_t characters = decoder_.Append(text->characters, text_);
   if (characters == 0) return Skip(Reason::kNoCharacters);
-  if (element.Is3D() && text->origin.z != path_settings_.origin_z) Note(Reason::kHeight);
+  if (element.Is3D() && (text->is_tilted || text->origin.z != path_settings_.origin_z)) {
+    Note(Reason::kHeight);
+  }
   if (IsMirrored(*text)) Note(Reason::kMirrored);
   maker_.Text(*feature_, PlaceOf(*text, characters), text_, facts_.symbology);
   return Give(text_);
@@ -154,7 +156,9 @@ bool DesignSource::ConvertTextNode(const ComponentRun& run) {
       has_lines = true;
     }
     if (IsMirrored(*line)) Note(Reason::kMirrored);
-    if (component.Is3D() && line->origin.z != path_settings_.origin_z) Note(Reason::kHeight);
+    if (component.Is3D() && (line->is_tilted || line->origin.z != path_settings_.origin_z)) {
+      Note(Reason::kHeight);
+    }
   }
   if (components < run.Told()) Note(Reason::kLostComponents);
   if (!has_lines) return Skip(Reason::kNoCharacters);

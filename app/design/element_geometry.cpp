@@ -53,6 +53,20 @@ DGN::Trans3D Rotation(const ElementView& element, std::size_t offset) noexcept {
   return rotation;
 }
 
+// A text in space as it is seen from above. One that is seen from behind is mirrored.
+void LayInPlan(const DGN::Trans3D& rotation, TextView& text) noexcept {
+  constexpr double kLevel = 1e-6;
+  const DGN::dpoint3d along = rotation.Apply({1.0, 0.0, 0.0});
+  const DGN::dpoint3d up = rotation.Apply({0.0, 1.0, 0.0});
+  const double length = std::hypot(along.x, along.y);
+  text.is_tilted = std::fabs(along.z) > kLevel || std::fabs(up.z) > kLevel;
+  // A base line that stands upright has no direction in plan, but what stands on it has.
+  const double direction = length > kLevel ? std::atan2(along.y, along.x) : std::atan2(-up.x, up.y);
+  text.rotation_degrees = direction * (180.0 / std::numbers::pi);
+  text.char_width *= length;
+  text.char_height *= std::hypot(up.x, up.y) * (along.x * up.y - along.y * up.x < 0.0 ? -1.0 : 1.0);
+}
+
 }  // namespace
 
 std::int64_t DecodeAngle(std::int32_t stored) noexcept {
@@ -186,8 +200,7 @@ std::optional<TextView> TextView::Decode(const ElementView& element) noexcept {
   text.origin = {element.Long(origin), element.Long(origin + 4),
                  element.Is3D() ? element.Long(origin + 8) : 0};
   if (element.Is3D()) {
-    const DGN::dpoint3d along = Rotation(element, rotation).Apply({1.0, 0.0, 0.0});
-    text.rotation_degrees = std::atan2(along.y, along.x) * (180.0 / std::numbers::pi);
+    LayInPlan(Rotation(element, rotation), text);
   } else {
     text.rotation_degrees = static_cast<double>(DecodeAngle(element.Long(rotation))) / kAngleUnitsPerDegree;
   }

@@ -85,8 +85,9 @@ struct TextView {
   std::uint8_t font = 0;
   std::uint8_t justification = 0;  ///< 0 to 14
   double char_width = 0.0;         ///< negative when mirrored
-  double char_height = 0.0;
-  double rotation_degrees = 0.0;  ///< of the base line
+  double char_height = 0.0;        ///< likewise
+  double rotation_degrees = 0.0;   ///< of the base line
+  bool is_tilted = false;          ///< it does not lie in the plan; its sizes are as seen in plan
   Uor3 origin;
   std::string_view characters;  ///< raw; good as long as the element's bytes
 

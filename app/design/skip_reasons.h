@@ -39,6 +39,7 @@ inline constexpr std::string_view kFlattened = "curve given as chords within the
 inline constexpr std::string_view kGap = "gaps between components bridged";
 inline constexpr std::string_view kLostComponents = "components missing or damaged";
 inline constexpr std::string_view kNoArea = "too few points for an area, given as a line or point";
+inline constexpr std::string_view kLostRing = "rings of too few points left out";
 inline constexpr std::string_view kShortCurve = "too few points for a curve, given as a straight line string";
 inline constexpr std::string_view kMirrored = "mirrored text given unmirrored";
 inline constexpr std::string_view kMixedLines = "lines of different size or direction given alike";

@@ -324,6 +324,20 @@ TEST(DesignSourceTest, GivesComplexShapesAndEllipsesOfACellWithHolesAsRings) {
                 std::string(kPen) + kNoFill + "4.4 4.3");
 }
 
+TEST(DesignSourceTest, SaysWhichRingsOfACellWithHolesAreNone) {
+  const std::string hole = Component(6, "0002 " + Longs({2000, 2000, 3000, 3000}), 0x8000);
+  const Conversion result = Convert(Cell(kUnnamed, Square(0, 0, 10000) + hole));
+  EXPECT_EQ(result.objects.at(0),
+            "Region 1 | 5 | 0 0 | 1 0 | 1 1 | 0 1 | 0 0" + std::string(kPen) + kNoFill + "0.4 0.4");
+  EXPECT_EQ(result.Counts(), "Cell Header 1=1+0 approximated{" + std::string(Reason::kLostRing) + " 1}");
+}
+
+TEST(DesignSourceTest, GivesALoneShapeWithTheHoleBitAsARegion) {
+  const std::string shape = ElementBytes(
+      {.type = 6, .body = "0003 " + Longs({0, 0, 10000, 0, 10000, 10000}), .properties = 0x8000});
+  EXPECT_EQ(Convert(shape).objects.at(0).substr(0, 12), "Region 1 | 4");
+}
+
 TEST(DesignSourceTest, ExplodesOtherCellsAndNamesThemInTheRows) {
   const std::string inner = Cell("0000 0000", Line(0, 0, 1, 1, true), true);
   const std::string cell =

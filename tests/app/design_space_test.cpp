@@ -123,6 +123,15 @@ TEST(DesignSpaceTest, TurnsTextsInThePlan) {
   const std::string turned = Objects(text(AboutZ(90), 0));
   EXPECT_EQ(turned, "Text \"HELLO\" | 0.91 1.91 1.21 2 | Font (\"Arial\", 0, 0, 0) |  Angle 90\n");
   EXPECT_EQ(Convert(text(Level(), 1), {}, true).Counts(), Dropped("Text"));
+  EXPECT_EQ(Convert(text(Level(), 0), {}, true).Counts(), "Text 1=1+0");
+  // Tilted by 60 degrees about its base line, half of its height is seen.
+  const Conversion tilted = Convert(text(AboutX(60), 0), {}, true);
+  EXPECT_EQ(tilted.Objects(), "Text \"HELLO\" | 1 2 1.3 2.045 | Font (\"Arial\", 0, 0, 0)\n");
+  EXPECT_EQ(tilted.Counts(), Dropped("Text"));
+  // From behind.
+  const Conversion back = Convert(text(AboutX(180), 0), {}, true);
+  EXPECT_EQ(back.Objects(), "Text \"HELLO\" | 1 1.91 1.3 2 | Font (\"Arial\", 0, 0, 0)\n");
+  EXPECT_EQ(back.Counts(), "Text 1=1+0 approximated{" + std::string(Reason::kMirrored) + " 1}");
 }
 
 TEST(DesignSpaceTest, PlacesCellsInPlan) {
