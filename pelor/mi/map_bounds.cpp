@@ -40,6 +40,8 @@ void MBnds::Extend(const MPnt* points, unsigned n) noexcept {
 }
 
 void MBnds::Extend(const MBnds& other) noexcept {
+  // The limits of an empty box that Intersect has left mean nothing.
+  if (other.IsEmpty()) return;
   xmin = std::min(xmin, other.xmin);
   ymin = std::min(ymin, other.ymin);
   xmax = std::max(xmax, other.xmax);

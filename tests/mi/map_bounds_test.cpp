@@ -131,6 +131,17 @@ TEST(MBndsTest, AnotherBoxExtendsThisOne) {
   EXPECT_EQ(empty, bounds);
 }
 
+TEST(MBndsTest, ABoxThatHasBecomeEmptyExtendsNothing) {
+  MBnds apart(50, 50, 60, 60);
+  apart.Intersect(MBnds(0, 0, 10, 10));
+  ASSERT_EQ(apart, Raw(50, 50, 10, 10));
+  MBnds bounds(100, 100, 110, 110);
+  bounds.Extend(apart);
+  EXPECT_EQ(bounds, Raw(100, 100, 110, 110));
+  bounds.Extend(Raw(0, 9, 200, 8));
+  EXPECT_EQ(bounds, Raw(100, 100, 110, 110));
+}
+
 TEST(MBndsTest, AnEmptyBoxExtendedByAnEmptyOneStaysEmpty) {
   MBnds bounds;
   bounds.Extend(MBnds());
