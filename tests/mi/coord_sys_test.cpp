@@ -174,6 +174,7 @@ TEST(CoordSysTest, TagsAreChosenByNameAlone) {
 
 TEST(CoordSysTest, ACopyHasACountOfItsOwn) {
   Tobri::IRef<CoordSys> held(new CoordSys(UTM_t(), kDatum, 18, kBounds));
+  held->Set(Range, 7.0);
   Tobri::IRefC<CoordSys> held_again(held);
   EXPECT_EQ(held->RefCount(), 2U);
   const CoordSys copy(*held);
@@ -181,6 +182,9 @@ TEST(CoordSysTest, ACopyHasACountOfItsOwn) {
   EXPECT_TRUE(copy == *held);
   EXPECT_EQ(copy.bounds, kBounds);
   EXPECT_EQ(copy.projection, 8);
+  EXPECT_EQ(copy.datum.id, 9999);
+  EXPECT_EQ(copy.values, held->values);
+  EXPECT_EQ(copy.parameterOrder, held->parameterOrder);
   *held = CoordSys(NonEarth_t(), Units_m, BoundsXY());
   EXPECT_EQ(held->RefCount(), 2U);
   EXPECT_EQ(held_again->kind, 1);
@@ -346,6 +350,15 @@ TEST(CoordSysTest, EveryConditionOfUTMCounts) {
   EXPECT_FALSE(MakeTM(3, 1, 0.9996, 500000, 0).IsUTM());
 }
 
+TEST(CoordSysTest, TheParametersOfUTMAreComparedExactly) {
+  constexpr double kLeast = std::numeric_limits<double>::denorm_min();
+  EXPECT_TRUE(MakeTM(3, -0.0, 0.9996, 500000, -0.0).IsUTM());
+  EXPECT_FALSE(MakeTM(3, kLeast, 0.9996, 500000, 0).IsUTM());
+  EXPECT_FALSE(MakeTM(3, 0, std::nextafter(0.9996, 1.0), 500000, 0).IsUTM());
+  EXPECT_FALSE(MakeTM(3, 0, 0.9996, std::nextafter(500000.0, 0.0), 0).IsUTM());
+  EXPECT_FALSE(MakeTM(3, 0, 0.9996, 500000, kLeast).IsUTM());
+}
+
 TEST(CoordSysTest, AMeridianBetweenZonesIsNotUTM) {
   EXPECT_FALSE(MakeUTM(4).IsUTM());
   EXPECT_EQ(MakeUTM(4).GetUTMZone(), 0);
@@ -354,6 +367,9 @@ TEST(CoordSysTest, AMeridianBetweenZonesIsNotUTM) {
 
 TEST(CoordSysTest, AMeridianAHairEastIsUTMAndOneAHairWestIsNot) {
   EXPECT_TRUE(MakeUTM(3.000000000001).IsUTM());
+  EXPECT_TRUE(MakeUTM(3 + 5.9e-12).IsUTM()) << "0.984e-12 of a zone";
+  EXPECT_EQ(MakeUTM(3 + 5.9e-12).GetUTMZone(), 31);
+  EXPECT_FALSE(MakeUTM(3 + 6.1e-12).IsUTM()) << "1.02e-12 of a zone";
   EXPECT_FALSE(MakeUTM(3.0000000001).IsUTM());
   EXPECT_FALSE(MakeUTM(2.999999999999).IsUTM());
 }

@@ -59,6 +59,7 @@ TEST(UnitsTest, EnumeratorsHaveTheNumbersOfTheTable) {
   EXPECT_EQ(Units_li, 30);
   EXPECT_EQ(Units_ch, 31);
   EXPECT_EQ(Units_rd, 32);
+  EXPECT_EQ(Units_Unknown, 33);
 }
 
 TEST(UnitsTest, TheSurveyFootIs1200Of3937Metres) {
