@@ -28,8 +28,8 @@ double CentralMeridian(int zone) noexcept {
   return zone * 6.0 - 183.0;
 }
 
-/// The inverse: a whole number for a central meridian. The constant has the extended precision, and dividing
-/// by 6 would not always give the same number.
+/// The inverse: a whole number for a central meridian. The constant has the extended precision, with which
+/// the product is the double nearest to the quotient by 6; one sixth as a double would miss it at times.
 double FractionalZone(double meridian) noexcept {
   return static_cast<double>((meridian + 183.0) * (1.0L / 6.0L));
 }

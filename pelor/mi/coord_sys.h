@@ -72,14 +72,16 @@ class PELOR_EXPORT CoordSys : public Tobri::Rep {
   /// Any projection on the earth, with all its parameters 0. A number outside partab has no parameters.
   CoordSys(Projection p, const Datum& d, Units u, const Vanth::BoundsXY& b);
 
-  /// A transverse Mercator in metres for a zone of six degrees; zone 1 begins at 180 degrees west. The false
-  /// northing is always 0. The zone is not checked.
+  /// A transverse Mercator in metres for a zone of six degrees; zone 1 begins at 180 degrees west. The origin
+  /// longitude is zone * 6 - 183, the scale factor 0.9996, the false easting 500000 and the rest 0, the false
+  /// northing in the south, too. The zone is not checked.
   CoordSys(UTM_t, const Datum& d, int zone, const Vanth::BoundsXY& b);
 
   /// Forgets all parameters and adds those of the mask in ascending order, with the value 0.
   void initpar(unsigned short mask) noexcept;
   /// Adds a parameter behind the others. One that is there already changes its value and keeps its place.
   void addpar(PrjPar p, double value) noexcept;
+  /// Whether the parameter belongs to the system.
   [[nodiscard]] bool IsApplicable(PrjPar p) const noexcept;
 
   /// The value of a parameter, whether or not it belongs to the system; 0 for NoParameter.
@@ -88,14 +90,18 @@ class PELOR_EXPORT CoordSys : public Tobri::Rep {
   void Set(PrjPar p, double value) noexcept;
 
   [[nodiscard]] int GetNParameters() const noexcept { return nParameters; }
-  // By place in the order. Beyond the last parameter there is 0 and NoParameter, and nothing is written.
+  /// The value of the i-th parameter in order, counted from 0; 0 where there is none.
   [[nodiscard]] double GetParameter(int i) const noexcept { return Get(Parameter(i)); }
+  /// Changes that value; does nothing where there is none.
   void SetParameter(int i, double value) noexcept { Set(Parameter(i), value); }
+  /// The i-th parameter in order, counted from 0; NoParameter where there is none.
   [[nodiscard]] PrjPar Parameter(int i) const noexcept;
 
+  /// The bounds of a system without bounds.
   [[nodiscard]] static Vanth::BoundsXY EmptyBounds() noexcept { return {}; }
 
-  /// True for a system such as UTM_t makes. An origin longitude a hair west of a zone's centre is not one.
+  /// True for a system with exactly the values that UTM_t gives. The origin longitude may stand less than
+  /// 6e-12 degrees east of a zone's centre, but not a hair west of it.
   [[nodiscard]] bool IsUTM() const noexcept;
   /// The zone, 1 to 60; 0 when the system is no UTM.
   [[nodiscard]] int GetUTMZone() const noexcept;
@@ -107,9 +113,9 @@ class PELOR_EXPORT CoordSys : public Tobri::Rep {
   bool operator==(const CoordSys& other) const noexcept;
   bool operator!=(const CoordSys& other) const noexcept { return !(*this == other); }
 
-  std::int32_t kind = kEarth;
-  Units units = Units_deg;
-  Vanth::BoundsXY bounds;  ///< of the coordinate space
+  std::int32_t kind = kEarth;  ///< kEarth or kNonEarth
+  Units units = Units_deg;     ///< of the coordinates
+  Vanth::BoundsXY bounds;      ///< of the coordinate space, in its units; empty when none are given
   Datum datum;
   Projection projection = Projection_LongLat;
   std::int32_t nParameters = 0;

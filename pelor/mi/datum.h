@@ -33,7 +33,8 @@ class PELOR_EXPORT Datum {
 
   /// Takes over a standard datum; an unknown number gives StdDatum_Default.
   void SetDatum(StdDatum n) noexcept;
-  /// Sets the values, zero for those not given, and the number of the standard datum that they belong to.
+  /// Sets the values, zero for those not given, and the id: the first standard datum from 0 to 112 that
+  /// has exactly these values, else the kind. The further ones are recognised by number alone, by intent.
   void SetDatum(Spheroid s, double shift_x, double shift_y, double shift_z) noexcept;
   void SetDatum(Spheroid s, double shift_x, double shift_y, double shift_z, double rotation_x,
                 double rotation_y, double rotation_z, double scale_ppm, double prime_meridian) noexcept;
@@ -45,12 +46,12 @@ class PELOR_EXPORT Datum {
 
   std::int32_t id = 0;  ///< a StdDatum, or the kind when the values are no standard datum's
   Spheroid spheroid{};
-  double dx = 0.0;  ///< shift to WGS 84, metres
-  double dy = 0.0;
-  double dz = 0.0;
-  double rx = 0.0;  ///< rotation about the axis, arc seconds
-  double ry = 0.0;
-  double rz = 0.0;
+  double dx = 0.0;             ///< shift to WGS 84 along the x axis, metres
+  double dy = 0.0;             ///< along the y axis
+  double dz = 0.0;             ///< along the z axis
+  double rx = 0.0;             ///< rotation about the x axis, arc seconds
+  double ry = 0.0;             ///< about the y axis
+  double rz = 0.0;             ///< about the z axis
   double scale = 0.0;          ///< correction in parts per million
   double primeMeridian = 0.0;  ///< degrees east of Greenwich
 };

@@ -52,10 +52,13 @@ class PELOR_EXPORT MBnds {
   void Empty() noexcept { *this = MBnds(); }
   [[nodiscard]] bool IsEmpty() const noexcept { return xmax < xmin || ymax < ymin; }
 
-  /// Puts the limits of each axis into order. An empty box becomes the whole of map space by that.
+  /// Puts the limits of each axis into order. The box that Empty leaves becomes the whole 32-bit range by
+  /// that.
   void sort() noexcept;
 
+  /// Grows to hold the point; the box that Empty leaves becomes that point.
   void Extend(const MPnt& point) noexcept;
+  /// Grows to hold `n` points; any empty box starts anew at the first of them.
   void Extend(const MPnt* points, unsigned n) noexcept;
   /// Grows to hold the other box, too; an empty one changes nothing.
   void Extend(const MBnds& other) noexcept;

@@ -65,10 +65,12 @@ class PELOR_EXPORT MapSys : public Tobri::Rep {
   void Set(Bounds_MSt, double x1, double y1, double x2, double y2);
   void Set(Bounds_MSt t, const Vanth::BoundsXY& bounds);
 
-  /// The largest power of ten as scale with which the largest magnitude stays within map space. Magnitude 0
-  /// gives the identity, and InvalidMapSys is reported.
+  /// The largest power of ten as scale of both axes with which the magnitude stays within map space, however
+  /// many or few decimals that makes. Magnitude 0 gives the identity, and InvalidMapSys is reported.
   void Set(BoundsDec_MSt, double magnitude);
+  /// The same for the larger magnitude of two numbers.
   void Set(BoundsDec_MSt t, double a, double b);
+  /// The same for one range over both axes: from the smaller of x1 and y1 to the larger of x2 and y2.
   void Set(BoundsDec_MSt t, double x1, double y1, double x2, double y2);
   void Set(BoundsDec_MSt t, const Vanth::BoundsXY& bounds);
 
@@ -81,21 +83,25 @@ class PELOR_EXPORT MapSys : public Tobri::Rep {
     return {GetMinX(), GetMinY(), GetMaxX(), GetMaxY()};
   }
 
-  /// How many decimals of a world coordinate map space keeps, on the coarser axis; -1 when a scale is 0.
+  /// How many decimals of a world coordinate map space keeps, on the coarser axis: log10 of the scale,
+  /// truncated toward zero; -1 when a scale is 0.
   [[nodiscard]] int GetDecimals() const noexcept;
+  /// The mirrored axes, by the signs of the scales.
   [[nodiscard]] Orientation GetOrientation() const noexcept;
 
   /// Coordinates are truncated toward zero.
   [[nodiscard]] MRct ToMap(const Vanth::RectXY& rect) const noexcept;
   [[nodiscard]] MBnds ToMap(const Vanth::BoundsXY& bounds) const noexcept;
-  /// An angle of map space, rounded to tenths of a degree.
+  /// The angle in map space in tenths of a degree, a half going up. No full turn is taken off.
   [[nodiscard]] int ToMap(Vanth::Angle a) const noexcept;
 
+  /// world = (map - offset) * invScale
   [[nodiscard]] Vanth::RectXY ToWorld(const MRct& rect) const noexcept;
   [[nodiscard]] Vanth::BoundsXY ToWorld(const MBnds& bounds) const noexcept;
   [[nodiscard]] Vanth::Angle ToWorld(int tenths_of_a_degree) const noexcept;
 
-  /// The direction that an angle becomes by the scales; unchanged when they are equal.
+  /// The direction that an angle becomes by the scales, atan2(sin(a) * scaleY, cos(a) * scaleX); unchanged
+  /// when the scales are equal, signs included.
   [[nodiscard]] Vanth::Angle Angle_WorldToMap(Vanth::Angle a) const noexcept;
   [[nodiscard]] Vanth::Angle Angle_MapToWorld(Vanth::Angle a) const noexcept;
 

@@ -26,6 +26,7 @@ constexpr std::array<UnitRow, 14> kUnits{{
     {Units_mm, "mm", 0.001},
     {Units_cm, "cm", 0.01},
     {Units_m, "m", 1.0},
+    // 1200/3937, to these digits; the double of the quotient is the next smaller one.
     {Units_SurveyFt, "survey ft", 0.30480060960121924},
     {Units_nmi, "nmi", 1852.0},
     {Units_li, "li", 0.201168},

@@ -8,7 +8,8 @@
 namespace Pelor::MI {
 
 /// A linear unit. The degree stands beside the others so that a length in degrees has an approximate metric
-/// length. Any other number is a unit without a name, of the factor 0.
+/// length: 111195.05197560512 m, one degree of arc on a sphere of about 6371007.18 m radius. Any other number
+/// is a unit without a name, of the factor 0.
 enum Units : std::int32_t {
   Units_deg = -1,
   Units_mi = 0,
@@ -19,11 +20,11 @@ enum Units : std::int32_t {
   Units_mm = 5,
   Units_cm = 6,
   Units_m = 7,
-  Units_SurveyFt = 8,
+  Units_SurveyFt = 8,  ///< 1200/3937 m
   Units_nmi = 9,
-  Units_li = 30,
-  Units_ch = 31,
-  Units_rd = 32,
+  Units_li = 30,       ///< link
+  Units_ch = 31,       ///< chain
+  Units_rd = 32,       ///< rod
   Units_Unknown = 33,  ///< what GetUnits answers for a name it does not know
 };
 
@@ -33,10 +34,12 @@ enum Units : std::int32_t {
 /// The unit of a name, whatever its case; Units_Unknown when the whole text is not a unit's name.
 [[nodiscard]] PELOR_EXPORT Units GetUnits(const Tobri::String& s);
 
-/// Converts a length. A target outside the table gives the length in metres, a source outside it gives 0.
+/// Converts a length by way of metres. A target outside the table gives the length in metres, a source
+/// outside it gives 0.
 [[nodiscard]] PELOR_EXPORT double UnitsConv(double value, Units from, Units to) noexcept;
 
-/// The unit in which a length reads best: mm, cm, m or km. The sign counts, so a negative length gives mm.
+/// The unit in which a length reads best: mm below 10 mm, cm below 1 m, m below 1 km, else km. The sign
+/// counts, so a negative length gives mm.
 [[nodiscard]] PELOR_EXPORT Units AutoUnits(double value, Units u) noexcept;
 
 }  // namespace Pelor::MI
