@@ -91,17 +91,12 @@ void Write(const std::string& name, Kind kind, bool line_flush) {
   out.AddColumn(MI::Column("Value", MI::Float_t(), 0));
   out.AddColumn(MI::Column("Share", MI::Decimal_t(), 8, 3, 0));
   std::array<char, Tobri::kGeneralSize> text;
-  Tobri::String value;
-  const auto add = [&](std::string_view part) {
-    value = Tobri::String(part);
-    out.AddAttribute(value);
-  };
   for (int i = 0; i < kObjects[kind]; ++i) {
     out.AddObj(Object(kind, i));
-    add(General(i, text));
-    add("Main Street");
-    add(General(Value(i), text));
-    add(General(Share(i), text));
+    out.AddAttribute(General(i, text));
+    out.AddAttribute("Main Street");
+    out.AddAttribute(General(Value(i), text));
+    out.AddAttribute(General(Share(i), text));
   }
   out.Close();
   if (!out.MIFStream() || !out.MIDStream()) std::abort();

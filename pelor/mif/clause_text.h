@@ -9,9 +9,9 @@
 #include <pelor/mif/keyword.h>
 #include <pelor/mif/style_size.h>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <initializer_list>
 #include <ostream>
 #include <span>
@@ -42,7 +42,7 @@ class ClauseText {
       return;
     }
     MakeRoom(text.size());
-    at_ = std::copy(text.begin(), text.end(), at_);
+    Copy(text);
   }
   void Put(KeyWord keyword) { Put(KeyWordText(keyword)); }
   /// In double quotes, with those inside doubled.
@@ -64,6 +64,30 @@ class ClauseText {
   void MakeRoom(std::size_t size) {
     if (static_cast<std::size_t>(buffer_.data() + kSize - at_) < size) [[unlikely]]
       Give();
+  }
+  // Most pieces are short: two words that overlap copy them, where a call would cost more than its copy.
+  void Copy(std::string_view text) {
+    const char* const from = text.data();
+    const std::size_t size = text.size();
+    if (size > 16) {
+      std::memcpy(at_, from, size);
+    } else if (size >= 8) {
+      CopyEnds<8>(from, size);
+    } else if (size >= 4) {
+      CopyEnds<4>(from, size);
+    } else {
+      for (std::size_t i = 0; i < size; ++i) at_[i] = from[i];
+    }
+    at_ += size;
+  }
+  template <std::size_t kWidth>
+  void CopyEnds(const char* from, std::size_t size) {
+    std::array<char, kWidth> first;
+    std::array<char, kWidth> last;
+    std::memcpy(first.data(), from, kWidth);
+    std::memcpy(last.data(), from + size - kWidth, kWidth);
+    std::memcpy(at_, first.data(), kWidth);
+    std::memcpy(at_ + size - kWidth, last.data(), kWidth);
   }
   void PutLong(std::string_view text);
 

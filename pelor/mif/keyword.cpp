@@ -12,7 +12,7 @@ using Tobri::String;
 
 namespace {
 
-constexpr std::array<const char*, 46> kTexts = {
+constexpr std::array<std::string_view, 46> kTexts = {
     "Version",  "Delimiter", "Unique",   "Index",      "CoordSys",  "Transform", "Columns", "Data",
     "Char",     "Integer",   "SmallInt", "Decimal",    "Float",     "Date",      "Logical", "Earth",
     "NonEarth", "Units",     "Bounds",   "Projection", "None",      "Point",     "Line",    "PLine",

@@ -62,6 +62,11 @@ oMIF::oMIF()
   mid_.rdbuf()->pubsetbuf(mid_buffer_.get(), kBufferSize);
   mif_.imbue(std::locale::classic());
   mid_.imbue(std::locale::classic());
+  rows_ = std::make_unique<MIF::ClauseText>(mid_);
+}
+
+oMIF::~oMIF() {
+  Close();
 }
 
 void oMIF::Open(const String& name, char delimiter) {
@@ -80,6 +85,7 @@ void oMIF::Close() {
   if (header_is_pending_ && !columns_.empty()) BeginData();
   CloseSignal();
   RewriteColumns();
+  rows_->Give();
   if (mif_.is_open()) mif_.close();
   if (mid_.is_open()) mid_.close();
   delimiter_ = 0;
@@ -146,8 +152,7 @@ void oMIF::WriteColumn(const MI::Column& column) {
   MIF::Write(column, mif_);
 }
 
-void oMIF::BeginData() {
-  if (!header_is_pending_) return;
+void oMIF::WriteHeader() {
   version_ = HeaderVersion(version_, !charset_name_.IsEmpty());
   mif_ << MIF::KeyWordText(MIF::Version) << ' ';
   Tobri::PutInteger(mif_, version_);
@@ -214,11 +219,11 @@ void oMIF::AddAttribute(const String& value) {
   SetAttribute(static_cast<int>(attribute_count_), value);
 }
 
-void oMIF::WriteValue(MIF::ClauseText& row, std::string_view text) {
+void oMIF::WriteValue(std::string_view text) {
   if (text.find(delimiter_) == std::string_view::npos || delimiter_ == '"') {
-    row.Put(text);
+    rows_->Put(text);
   } else if (text.find('"') == std::string_view::npos) {
-    row.PutQuoted(text);
+    rows_->PutQuoted(text);
   } else {
     // Intended: this value goes to the MIF file, and the row lacks it.
     MIF::ClauseText quoted(mif_);
@@ -229,14 +234,12 @@ void oMIF::WriteValue(MIF::ClauseText& row, std::string_view text) {
 
 void oMIF::FlushAttr() {
   BeginData();
-  MIF::ClauseText row(mid_);
   for (std::size_t i = 0; i < attribute_count_; ++i) {
-    if (i > 0) row.Put(delimiter_);
-    WriteValue(row, attributes_[i]);
+    if (i > 0) rows_->Put(delimiter_);
+    WriteValue(attributes_[i]);
     attributes_[i].Clear();
   }
-  row.Put('\n');
-  row.Give();
+  rows_->Put('\n');
   attribute_count_ = 0;
 }
 

@@ -36,7 +36,7 @@ class PELOR_EXPORT oMIF {
   oMIF(const Tobri::String& name, char delimiter) : oMIF() { Open(name, delimiter); }
   oMIF(const oMIF&) = delete;
   oMIF& operator=(const oMIF&) = delete;
-  ~oMIF() { Close(); }
+  ~oMIF();
 
   /// Closes the open pair and opens the files `name` with the extensions "mif" and "mid". A file that cannot
   /// be opened or written is not reported: it shows in the state of its stream.
@@ -74,7 +74,9 @@ class PELOR_EXPORT oMIF {
   void SetLineFlush(bool flush);
 
   /// Writes the header unless that is done.
-  void BeginData();
+  void BeginData() {
+    if (header_is_pending_) WriteHeader();
+  }
   /// Writes the object, which must not be null.
   void AddObj(const MI::WObjRf<MI::WObjBody>& object);
   /// Sets value `i` of the current row; an index outside the columns is ignored.
@@ -98,7 +100,8 @@ class PELOR_EXPORT oMIF {
 
   void WriteColumnNumbers(const char* keyword, std::uint16_t flag);
   void WriteColumn(const MI::Column& column);
-  void WriteValue(MIF::ClauseText& row, std::string_view text);
+  void WriteHeader();
+  void WriteValue(std::string_view text);
   void RewriteColumns();
 
   // The streams' own buffers; they must outlive the streams.
@@ -106,6 +109,7 @@ class PELOR_EXPORT oMIF {
   std::unique_ptr<char[]> mid_buffer_;
   std::ofstream mif_;
   std::ofstream mid_;
+  std::unique_ptr<MIF::ClauseText> rows_;  ///< on their way to the MID file
   char delimiter_ = 0;
   bool header_is_pending_ = true;
   Tobri::IRefC<MI::CoordSys> system_;

@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <fstream>
+#include <numeric>
 #include <string>
 #include <tests/base/process_locale.h>
 #include <tests/mif/pair_files.h>
+#include <vector>
 
 namespace {
 
@@ -299,6 +302,37 @@ TEST_F(WriterTest, RowsReachUpToTheirLastValue) {
   out.AddObj(Point(1, 2));
   out.Close();
   EXPECT_EQ(Get("pair.mid"), ",x\n,,z\n");
+}
+
+TEST_F(WriterTest, ValuesOfEveryLengthKeepTheirBytes) {
+  std::vector<std::size_t> lengths(41);
+  std::iota(lengths.begin(), lengths.end(), std::size_t{0});
+  lengths.insert(lengths.end(), {1000, 1007, 1008, 1009, 5000, 100000});
+  std::string rows;
+  oMIF out(Path("pair"), ',');
+  out.AddColumn(Text("Name", 0, Column::kWidthNotGiven));
+  for (const std::size_t length : lengths) {
+    std::string value;
+    for (std::size_t i = 0; i < length; ++i) value += static_cast<char>('A' + i % 26);
+    rows += value + '\n';
+    out.AddObj(Point(1, 2));
+    out.AddAttribute(value);
+  }
+  out.Close();
+  EXPECT_EQ(Get("pair.mid"), rows);
+}
+
+TEST_F(WriterTest, RowsOfFilesThatCannotBeOpenedAreNotInTheNextPair) {
+  oMIF out(Path("missing/pair"), ',');
+  out.AddColumn(Text("Name", 10));
+  out.AddObj(Point(1, 2));
+  out.AddAttribute("lost");
+  out.Open(Path("pair"), ',');
+  out.AddColumn(Text("Name", 10));
+  out.AddObj(Point(1, 2));
+  out.AddAttribute("kept");
+  out.Close();
+  EXPECT_EQ(Get("pair.mid"), "kept\n");
 }
 
 TEST_F(WriterTest, ValueWithTheDelimiterIsQuoted) {
