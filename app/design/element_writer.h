@@ -71,7 +71,7 @@ class ElementWriter {
   /// A cell that is neither scaled nor turned. `name` has up to six letters, digits, blanks, '&' and '.'.
   void BeginCell(const ElementStyle& style, std::string_view name, const Pelor::DGN::point2d& origin,
                  const LinkageWords& linkages);
-  /// `spacing` is the room between two lines, `longest` the bytes of the longest one.
+  /// `spacing` is the room between two lines, `longest` the characters of the longest one.
   void BeginTextNode(const ElementStyle& style, const TextShape& shape, const Pelor::DGN::point2d& origin,
                      std::int32_t spacing, std::size_t longest, const LinkageWords& linkages);
   void End() { frame_.EndComplex(); }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace App {
 
@@ -42,7 +43,60 @@ double Indent(std::int32_t justification) {
   return justification >= 0 && justification < 3 ? kShares[justification] : 0.0;
 }
 
+/// Takes the first line off the text; none is left behind the last one, which may be empty.
+std::string_view TakeLine(std::optional<std::string_view>& text) {
+  // Lines are parted by a line feed, or by the two characters \n.
+  const std::size_t feed = text->find('\n');
+  const std::size_t escape = text->find("\\n");
+  const std::size_t end = std::min(feed, escape);
+  std::string_view line = text->substr(0, end);
+  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  if (end == std::string_view::npos) {
+    text.reset();
+  } else {
+    text->remove_prefix(end + (end == escape ? 2 : 1));
+  }
+  return line;
+}
+
+bool IsTrail(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80;
+}
+
+/// Of UTF-8, which may be broken: where there are bytes, there is at least one.
+std::size_t CountCharacters(std::string_view text) {
+  const auto count = std::count_if(text.begin(), text.end(), [](char c) { return !IsTrail(c); });
+  return std::max(static_cast<std::size_t>(count), text.empty() ? std::size_t{0} : std::size_t{1});
+}
+
+/// The first characters of a text, so many at most.
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    if (end != 0 && !IsTrail(text[end]) && count-- == 1) break;
+  }
+  return text.substr(0, end);
+}
+
 }  // namespace
+
+/// What the box and the lines of a text make its characters, in map units.
+struct TextWriter::Lettering {
+  std::size_t lines = 0;
+  std::size_t longest = 0;  // of the lines, in characters
+  double pitch = 1.0;       // in heights
+  double height = 0.0;
+  double width = 0.0;
+
+  explicit Lettering(const MI::WTextBody& text) : pitch(Pitch(text.GetSpacing())) {
+    for (std::optional<std::string_view> rest = std::string_view(text.GetText()); rest; ++lines) {
+      longest = std::max(longest, CountCharacters(TakeLine(rest)));
+    }
+    const Vanth::RectXY& box = text.GetBox();
+    height = std::fabs(box.Height()) / (1.0 + pitch * (static_cast<double>(lines) - 1.0));
+    width = std::fabs(box.Width()) / static_cast<double>(std::max<std::size_t>(longest, 1));
+  }
+};
 
 /// How the lines of a text lie in its box, which is turned about its upper left corner.
 struct TextWriter::Layout {
@@ -77,101 +131,110 @@ TextWriter::Corners TextWriter::CornersOf(const MI::WTextBody& text) {
 }
 
 double TextWriter::LetterOf(const MI::WTextBody& text) {
-  const Vanth::RectXY& box = text.GetBox();
-  const auto characters = static_cast<double>(std::max<std::size_t>(text.GetText().Length(), 1));
-  return std::max(std::fabs(box.Height()), std::fabs(box.Width()) / characters);
+  const Lettering letters(text);
+  return letters.longest == 0 ? 0.0 : std::max(letters.height, letters.width);
 }
 
 bool TextWriter::Write(const ElementStyle& style, const MI::WTextBody& text, const LinkageWords& linkages) {
-  SplitIntoLines(text.GetText());
-  std::size_t longest = 0;
-  for (std::size_t i = 0; i < line_count_; ++i) longest = std::max(longest, lines_[i].size());
-  if (longest == 0) return false;
+  const Lettering letters(text);
+  if (letters.longest == 0) return false;
+  SplitIntoPieces(text.GetText());
+  if (piece_count_ == 0) return false;
   if (text.GetLabelKind() != 0) notes_.push_back(kLabelLine);
 
   const Vanth::RectXY& box = text.GetBox();
-  const double pitch = Pitch(text.GetSpacing());
   const double angle = text.GetAngle()(Vanth::Angle::Radians, Vanth::Angle::AsStored);
   const double scale = units_.UorsPerMaster();
   Layout layout;
   layout.pivot = {units_.X(std::min(box.x1, box.x2)), units_.Y(std::max(box.y1, box.y2))};
   layout.cosine = std::cos(angle);
   layout.sine = std::sin(angle);
-  layout.line_height =
-      std::fabs(box.Height()) * scale / (1.0 + pitch * (static_cast<double>(line_count_) - 1.0));
-  layout.pitch = layout.line_height * pitch;
-  layout.char_width = std::fabs(box.Width()) * scale / static_cast<double>(longest);
+  layout.line_height = letters.height * scale;
+  layout.pitch = layout.line_height * letters.pitch;
+  layout.char_width = letters.width * scale;
   layout.indent = Indent(text.GetJustification());
-  layout.longest = longest;
+  layout.longest = letters.longest;
   layout.shape.justification = Justification(text.GetJustification());
   layout.shape.length_multiplier = Multiplier(layout.char_width);
   layout.shape.height_multiplier = Multiplier(layout.line_height);
   layout.shape.rotation_degrees = text.GetAngle()(Vanth::Angle::Degrees, Vanth::Angle::AsStored);
+  if (IsTooLarge(layout.char_width) || IsTooLarge(layout.line_height)) notes_.push_back(kTooLarge);
 
-  if (line_count_ == 1 && longest <= ElementWriter::kMaxCharacters) {
-    WriteLine(style, layout, 0, linkages);
+  if (letters.lines == 1 && piece_count_ == 1) {
+    WritePiece(style, layout, pieces_.front(), linkages);
     return true;
   }
-  const double box_height = layout.pitch * static_cast<double>(line_count_ - 1) + layout.line_height;
+  const double box_height = layout.pitch * (static_cast<double>(letters.lines) - 1.0) + layout.line_height;
   const std::int32_t spacing = RoundedToPlane(layout.pitch - layout.line_height, 0).x;
-  elements_.BeginTextNode(style, layout.shape, layout.At(0, box_height), spacing, longest, linkages);
-  for (std::size_t i = 0; i < line_count_; ++i) {
-    if (!lines_[i].empty()) WriteLine(style, layout, i, {});
-  }
+  elements_.BeginTextNode(style, layout.shape, layout.At(0, box_height), spacing, letters.longest, linkages);
+  for (std::size_t i = 0; i < piece_count_; ++i) WritePiece(style, layout, pieces_[i], {});
   elements_.End();
   return true;
 }
 
-void TextWriter::SplitIntoLines(std::string_view text) {
+void TextWriter::SplitIntoPieces(std::string_view text) {
   // A description has room for at least so many bytes of text, even in lines of one character.
   constexpr std::size_t kMostBytes = 2000;
   const std::int64_t lost = transcoder_.GetLost();
-  std::size_t bytes = 0;
-  line_count_ = 0;
+  std::size_t room = kMostBytes;
+  piece_count_ = 0;
   bool is_cut = false;
-  for (bool at_end = false; !at_end && !is_cut;) {
-    // Lines are parted by a line feed, or by the two characters \n.
-    const std::size_t feed = text.find('\n');
-    const std::size_t escape = text.find("\\n");
-    const std::size_t end = std::min(feed, escape);
-    at_end = end == std::string_view::npos;
-    std::string_view line = text.substr(0, end);
-    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    if (!at_end) text.remove_prefix(end + (end == escape ? 2 : 1));
-
-    if (lines_.size() == line_count_) lines_.emplace_back();
-    std::string& converted = lines_[line_count_++];
-    converted = transcoder_.Convert(line);
-    const std::size_t room = kMostBytes - bytes;
-    is_cut = converted.size() > room || (!at_end && room <= converted.size() + 1);
-    if (converted.size() > room) converted.resize(room);
-    bytes += converted.size() + 1;
+  std::size_t line = 0;
+  for (std::optional<std::string_view> rest = text; rest && !is_cut; ++line) {
+    const std::string_view whole = TakeLine(rest);
+    is_cut = !SplitLine(whole, line, room) || (rest && room <= 1);
+    room -= std::min<std::size_t>(room, 1);
   }
   if (is_cut) notes_.push_back(kTooLong);
   if (transcoder_.GetLost() > lost) notes_.push_back(kLostCharacters);
 }
 
-std::int32_t TextWriter::Multiplier(double uors) {
-  constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
-  const double multiplier = std::round(uors / TextShape::kMultiplierUnit);
-  if (multiplier > kLargest) {
-    notes_.push_back(kTooLarge);
-    return static_cast<std::int32_t>(kLargest);
+/// Takes from `room` the bytes that the line needs; false when that is not enough for all of it.
+bool TextWriter::SplitLine(std::string_view line, std::size_t index, std::size_t& room) {
+  const std::size_t characters = CountCharacters(line);
+  for (std::size_t before = 0; !line.empty();) {
+    // As many characters as fit; how many bytes they take is known behind the conversion alone.
+    const std::size_t most = std::min(room, ElementWriter::kMaxCharacters);
+    std::size_t count = most;
+    std::string_view taken;
+    std::string_view converted;
+    while (count != 0) {
+      taken = FirstCharacters(line, count);
+      converted = transcoder_.Convert(taken);
+      if (converted.size() <= most) break;
+      count = std::min(count - 1, count * most / converted.size());
+    }
+    if (count == 0) return false;
+
+    if (pieces_.size() == piece_count_) pieces_.emplace_back();
+    Piece& piece = pieces_[piece_count_++];
+    piece.bytes = converted;
+    piece.line = index;
+    piece.characters_in_line = characters;
+    piece.characters_before = before;
+    room -= converted.size();
+    before += CountCharacters(taken);
+    line.remove_prefix(taken.size());
   }
-  return static_cast<std::int32_t>(std::max(multiplier, 1.0));
+  return true;
 }
 
-/// A line with more characters than an element takes becomes several elements behind each other.
-void TextWriter::WriteLine(const ElementStyle& style, const Layout& layout, std::size_t line,
-                           const LinkageWords& linkages) {
-  const std::string_view text = lines_[line];
-  const double below = layout.pitch * static_cast<double>(line) + layout.line_height;
-  const double shorter = static_cast<double>(layout.longest - text.size());
-  for (std::size_t at = 0; at < text.size(); at += ElementWriter::kMaxCharacters) {
-    const double right = (shorter * layout.indent + static_cast<double>(at)) * layout.char_width;
-    elements_.Text(style, layout.shape, layout.At(right, below),
-                   text.substr(at, ElementWriter::kMaxCharacters), linkages);
-  }
+bool TextWriter::IsTooLarge(double uors) {
+  return std::round(uors / TextShape::kMultiplierUnit) > std::numeric_limits<std::int32_t>::max();
+}
+
+std::int32_t TextWriter::Multiplier(double uors) {
+  if (IsTooLarge(uors)) return std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::max(std::round(uors / TextShape::kMultiplierUnit), 1.0));
+}
+
+void TextWriter::WritePiece(const ElementStyle& style, const Layout& layout, const Piece& piece,
+                            const LinkageWords& linkages) {
+  const double below = layout.pitch * static_cast<double>(piece.line) + layout.line_height;
+  const auto shorter = static_cast<double>(layout.longest - piece.characters_in_line);
+  const double right =
+      (shorter * layout.indent + static_cast<double>(piece.characters_before)) * layout.char_width;
+  elements_.Text(style, layout.shape, layout.At(right, below), piece.bytes, linkages);
 }
 
 }  // namespace App

@@ -5,6 +5,8 @@
 #include "app/io/transcoder.h"
 #include <pelor/mi.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,26 +31,36 @@ class TextWriter {
   };
   [[nodiscard]] static Corners CornersOf(const Pelor::MI::WTextBody& text);
 
-  /// The longer edge of the text's characters, roughly; those of several lines count as one line's.
+  /// The longer edge of the text's characters, whose width is the box's by the longest line.
   [[nodiscard]] static double LetterOf(const Pelor::MI::WTextBody& text);
 
   /// False, and nothing is written, for a text without characters.
   bool Write(const ElementStyle& style, const Pelor::MI::WTextBody& text, const LinkageWords& linkages);
 
  private:
+  struct Lettering;
   struct Layout;
+  /// What one element takes of a line.
+  struct Piece {
+    std::string bytes;  // in the design's character set
+    std::size_t line = 0;
+    std::size_t characters_in_line = 0;
+    std::size_t characters_before = 0;  // in the same line
+  };
 
-  void SplitIntoLines(std::string_view text);
-  [[nodiscard]] std::int32_t Multiplier(double uors);
-  void WriteLine(const ElementStyle& style, const Layout& layout, std::size_t line,
-                 const LinkageWords& linkages);
+  void SplitIntoPieces(std::string_view text);
+  [[nodiscard]] bool SplitLine(std::string_view line, std::size_t index, std::size_t& room);
+  [[nodiscard]] static bool IsTooLarge(double uors);
+  [[nodiscard]] static std::int32_t Multiplier(double uors);
+  void WritePiece(const ElementStyle& style, const Layout& layout, const Piece& piece,
+                  const LinkageWords& linkages);
 
   ElementWriter& elements_;
   const WorkingUnits& units_;
   Transcoder transcoder_;
   std::vector<std::string_view>& notes_;
-  std::vector<std::string> lines_;  // in the design's character set
-  std::size_t line_count_ = 0;      // of them are the present text's
+  std::vector<Piece> pieces_;
+  std::size_t piece_count_ = 0;  // of them are the present text's
 };
 
 }  // namespace App

@@ -164,7 +164,7 @@ WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names, cons
     if (!SetOrigin(units, extent, choice)) ThrowDoesNotFit(units, extent);
     return units;
   }
-  const int best = std::max(NeededPower(measure), std::min(WantedPower(extent), LetterPower(measure.letter)));
+  const int best = std::min(WantedPower(extent), LetterPower(measure.letter));
   for (int power = std::clamp(best, 0, kLargestPower); power >= 0; --power) {
     SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), used_names);
     if (SetOrigin(units, extent, choice)) return units;

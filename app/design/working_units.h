@@ -61,10 +61,9 @@ struct UnitChoice {
 
 /// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten:
 /// where there is room, a tenth of the last of the ten significant digits with which the largest coordinate
-/// is printed, else as fine as the extent allows. The largest characters make the units coarser, as the size
-/// of a text is limited, but not coarser than a tenth of the last digit that coordinates really have. The
-/// plane is moved, by a round number, only when the extent needs it. Throws `Failure`, with the numbers, when
-/// the extent cannot fit.
+/// is printed, else as fine as the extent and the largest characters allow, as the size of a text is limited.
+/// The plane is moved, by a round number, only when the extent needs it. Throws `Failure`, with the numbers,
+/// when the extent cannot fit.
 [[nodiscard]] WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names,
                                        const UnitChoice& choice);
 

@@ -471,6 +471,10 @@ TEST(DesignExtentTest, HoldsWhatIsWritten) {
   EXPECT_NEAR(turned.Max().y, 5, 1e-12);
   EXPECT_EQ(Measured({Text("Town", {0, 0, 4, 1.5})}).letter, 1.5);
   EXPECT_EQ(Measured({Text("Town", {0, 0, 8, 1.5})}).letter, 2);
+  EXPECT_EQ(Measured({Text("", {0, 0, 8, 1.5})}).letter, 0);
+  // Two lines, the longest of five characters.
+  EXPECT_EQ(Measured({Text("Old\\nTown!", {0, 0, 20, 6})}).letter, 4);
+  EXPECT_EQ(Measured({Text("Old\nT\xC3\xB6wn!", {0, 0, 20, 12})}).letter, 6);
   EXPECT_EQ(
       Measured({Point(std::nan(""), 1), Point(INFINITY, 1), Point(2, 3), Object(new MI::WNoBody(nullptr))})
           .extent,
@@ -483,6 +487,47 @@ TEST(DesignSinkTest, MakesRoomForLargeTexts) {
   conversion.Add(Text("Town", {0, 0, 400, 100.5})).Run();
   EXPECT_EQ(conversion.account.GetApproximated(), 0);
   EXPECT_EQ(DesignHeader::Decode(conversion.Elements().at(0).Bytes()).UorsPerMaster(), 1e5);
+}
+
+TEST(DesignSinkTest, RoundsCoordinatesRatherThanShrinkTexts) {
+  SinkConversion conversion;
+  conversion.options.units = {};
+  conversion.Add(Text("Town", {0, 0, 400, 100.5})).Add(Line(0, 0, 1.123456, 1)).Run();
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+  EXPECT_EQ(conversion.account.GetAssumptions().at(1), "coordinates are rounded to 1e-05 m");
+}
+
+TEST(DesignSinkTest, CountsATextThatIsTooLargeBothWaysOnce) {
+  SinkConversion conversion;
+  conversion.options.units.uors_per_master = 1000000;
+  conversion.Add(Text("a", {0, 0, 20, 20})).Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("text larger than the units allow").count, 1);
+}
+
+TEST(DesignSinkTest, DividesTheWidthOfABoxByCharacters) {
+  for (const char* charset : {"WindowsCyrillic", "UTF-8"}) {
+    SinkConversion conversion;
+    conversion.options.charset = charset;
+    // Zhuk, in three letters of two bytes each.
+    conversion.Add(Text("\xD0\x96\xD1\x83\xD0\xBA", {0, 0, 30, 4})).Run();
+    EXPECT_EQ(conversion.Drawing().at(0).Long(38), 166667) << charset << ": 1000 units of resolution wide";
+  }
+}
+
+TEST(DesignSinkTest, NeverCutsACharacterInTwo) {
+  SinkConversion conversion;
+  conversion.options.charset = "UTF-8";
+  std::string letters;
+  for (int i = 0; i < 200; ++i) letters += "\xD0\x96";
+  conversion.Add(Text(letters.c_str(), {0, 0, 200, 1})).Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  ASSERT_EQ(drawing.size(), 3U);
+  EXPECT_EQ(drawing[1].Byte(58), 254);
+  EXPECT_EQ(drawing[2].Byte(58), 146);
+  EXPECT_EQ(drawing[2].Byte(60), 0xD0);
+  EXPECT_EQ(drawing[2].Long(50), 12700) << "behind 127 characters";
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
 }
 
 TEST(DesignSinkTest, StatesTheUnitsItChose) {

@@ -55,8 +55,10 @@ TEST(WorkingUnitsTest, LeaveRoomForTheLargestCharacters) {
   EXPECT_EQ(Describe(ChooseUnits({extent, 2, 12.8}, kMetres, {})), "1000 mm per m x 1000 from 0, 0");
   EXPECT_EQ(Describe(ChooseUnits({extent, 2, 12.9}, kMetres, {})), "1000 mm per m x 100 from 0, 0");
   EXPECT_EQ(Describe(ChooseUnits({extent, 2, 2000}, kMetres, {})), "1000 mm per m x 1 from 0, 0");
-  // Coordinates come first.
-  EXPECT_EQ(Describe(ChooseUnits({extent, 4, 2000}, kMetres, {})), "1000 mm per m x 100 from 0, 0");
+  // Also where coordinates are rounded for it.
+  const WorkingUnits coarse = ChooseUnits({extent, 4, 2000}, kMetres, {});
+  EXPECT_EQ(Describe(coarse), "1000 mm per m x 1 from 0, 0");
+  EXPECT_FALSE(KeepsAllDigits(coarse, {extent, 4, 2000}));
 }
 
 TEST(WorkingUnitsTest, KeepTheDigitsThatAreThere) {
