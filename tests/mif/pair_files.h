@@ -6,16 +6,15 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 
 // A folder of its own for each test, and the files of pairs in it.
 class PairFiles : public testing::Test {
  protected:
   void SetUp() override {
-    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              (std::string("pelor_") + info->test_suite_name() + "_" + info->name());
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
+    std::string name = (std::filesystem::temp_directory_path() / "pelor-pair-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(name.data()), nullptr);
+    folder_ = name;
   }
   void TearDown() override { std::filesystem::remove_all(folder_); }
 
