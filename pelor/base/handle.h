@@ -108,6 +108,12 @@ class BasicRef : public IRefCommon {
     T* const old = std::exchange(body_, body);
     if (assign(old, body)) delete old;
   }
+  /// Takes the first share of a new body, which nobody but its maker holds.
+  void TakeOver(T* body) noexcept {
+    Hold(nullptr);
+    if (body != nullptr) body->Assign(RefCommon::FromFreeStore);
+    body_ = body;
+  }
 
  private:
   T* body_ = nullptr;
@@ -131,7 +137,8 @@ class IRefC : public BasicRef<const T> {
   void Assign(const IRef<T>& other) noexcept { this->Hold(other.Get()); }
 };
 
-/// Copy-on-change handle of a polymorphic body: Copy() clones a shared body through its virtual Clone().
+/// Copy-on-change handle of a polymorphic body: Copy() clones a shared body through its virtual Clone(), and
+/// takes over the share that a clone may come with.
 template <class T>
 class ICARef : public IRef<T> {
  public:
@@ -142,7 +149,7 @@ class ICARef : public IRef<T> {
   /// Makes this handle the only owner. A null handle and an only owner are left as they are.
   void Copy() {
     if (this->Get() != nullptr && this->Get()->RefCount() != 1)
-      this->Hold(static_cast<T*>(this->Get()->Clone()));
+      this->TakeOver(static_cast<T*>(this->Get()->Clone()));
   }
 };
 
@@ -156,7 +163,7 @@ class ICARefC : public IRefC<T> {
 
   void Copy() {
     if (this->Get() != nullptr && this->Get()->RefCount() != 1) {
-      this->Hold(static_cast<const T*>(this->Get()->Clone()));
+      this->TakeOver(static_cast<const T*>(this->Get()->Clone()));
     }
   }
 };

@@ -17,7 +17,7 @@ class PELOR_EXPORT WArcBody : public W1DBody {
            Tobri::IRefC<CoordSys> wsys, const Pen& pen)
       : W1DBody(WObjType_Arc, std::move(wsys), pen), rect_(rect), start_(start), end_(end) {}
 
-  [[nodiscard]] WArcBody* Clone() const override { return new WArcBody(*this); }
+  [[nodiscard]] WArcBody* Clone() const override { return WithFirstShare(new WArcBody(*this)); }
   /// The box of the arc itself. The angles count within one full turn, so an arc of a whole turn has the
   /// bounds of its start point.
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override;

@@ -16,7 +16,7 @@ class PELOR_EXPORT WEllipseBody : public W2DBody {
   WEllipseBody(const Vanth::RectXY& rect, Tobri::IRefC<CoordSys> wsys, const Pen& pen, const Brush& brush)
       : W2DBody(WObjType_Ellipse, std::move(wsys), pen, brush), rect_(rect) {}
 
-  [[nodiscard]] WEllipseBody* Clone() const override { return new WEllipseBody(*this); }
+  [[nodiscard]] WEllipseBody* Clone() const override { return WithFirstShare(new WEllipseBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return Vanth::BoundsXY(rect_); }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return rect_.Center(); }
   /// An intended rough measure, about a third of the circumference of a circle.

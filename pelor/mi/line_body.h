@@ -16,7 +16,7 @@ class PELOR_EXPORT WLineBody : public W1DBody {
             const Pen& pen)
       : W1DBody(WObjType_Line, std::move(wsys), pen), start_(start), end_(end) {}
 
-  [[nodiscard]] WLineBody* Clone() const override { return new WLineBody(*this); }
+  [[nodiscard]] WLineBody* Clone() const override { return WithFirstShare(new WLineBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return {start_, end_}; }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override {
     return {(start_.x + end_.x) / 2, (start_.y + end_.y) / 2};

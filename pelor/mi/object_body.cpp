@@ -13,7 +13,7 @@ Vanth::Angle WObjBody::Transformed(const Vanth::Angle& angle, const Transform& t
 }
 
 WNoBody* WNoBody::Clone() const {
-  return new WNoBody(*this);
+  return WithFirstShare(new WNoBody(*this));
 }
 
 }  // namespace Pelor::MI

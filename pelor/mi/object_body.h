@@ -23,19 +23,21 @@ class IxText;
 namespace Pelor::MI {
 
 /// Base of all map objects: geometry in the world coordinates of a coordinate system, with a style. Bodies
-/// are counted and held through WObjRf handles; a new body has the count 0 and the first handle makes it 1.
-/// No operation reports an error.
+/// are counted and held through WObjRf handles. Only ReadMIF reports errors.
 class PELOR_EXPORT WObjBody : public Tobri::Rep {
  public:
   virtual ~WObjBody();
 
-  /// An independent copy that nobody holds yet.
+  /// An independent copy with the count 1: its first share is the caller's, and a WObjRf made of the copy
+  /// takes that share over.
   [[nodiscard]] virtual WObjBody* Clone() const = 0;
   [[nodiscard]] virtual Vanth::BoundsXY GetBounds() const = 0;
   [[nodiscard]] virtual Vanth::PointXY GetCentroid() const = 0;
+  /// In world units; of an area, the length of its border.
   [[nodiscard]] virtual double GetLength() const = 0;
+  /// In square world units.
   [[nodiscard]] virtual double GetArea() const = 0;
-  /// The direction that a text along the object takes.
+  /// The direction that a text along the object takes, counter-clockwise from the positive x axis.
   [[nodiscard]] virtual Vanth::Angle GetAlignment() const { return Vanth::Angle(); }
   /// Transforms the geometry in place.
   virtual void Apply(const Transform& transform) = 0;
@@ -57,6 +59,13 @@ class PELOR_EXPORT WObjBody : public Tobri::Rep {
   WObjBody(WObjType type, Tobri::IRefC<CoordSys> wsys) noexcept : type_(type), wsys_(std::move(wsys)) {}
   WObjBody(const WObjBody&) = default;
   WObjBody& operator=(const WObjBody&) = default;
+
+  /// `copy` with the share that a clone comes with.
+  template <class Body>
+  [[nodiscard]] static Body* WithFirstShare(Body* copy) noexcept {
+    copy->Assign(FromFreeStore);
+    return copy;
+  }
 
   /// `angle` as it stands after `transform`: unequal scales of the axes turn it.
   [[nodiscard]] static Vanth::Angle Transformed(const Vanth::Angle& angle,

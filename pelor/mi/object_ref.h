@@ -14,6 +14,10 @@ template <>
 class WObjRf<WObjBody> : public Tobri::ICARef<WObjBody> {
  public:
   using Tobri::ICARef<WObjBody>::ICARef;
+  WObjRf() noexcept = default;
+  /// Takes the first share of a new body, as `new` or Clone() give it. A body that has a handle already is
+  /// shared through that handle, or with Assign().
+  explicit WObjRf(WObjBody* body) noexcept { this->TakeOver(body); }
 };
 
 /// Shared handle of a map object of one kind.
@@ -22,10 +26,16 @@ class WObjRf : public Tobri::ICARef<T> {
  public:
   using Tobri::ICARef<T>::ICARef;
   WObjRf() noexcept = default;
+  /// As for an object of any kind: `body` is new.
+  explicit WObjRf(T* body) noexcept { this->TakeOver(body); }
   /// Shares the body if it is a T; null otherwise.
-  WObjRf(const WObjRf<WObjBody>& object) noexcept : Tobri::ICARef<T>(dynamic_cast<T*>(object.Get())) {}
+  WObjRf(const WObjRf<WObjBody>& object) noexcept { this->Assign(object, dynamic_cast<T*>(object.Get())); }
 
-  operator WObjRf<WObjBody>() const noexcept { return WObjRf<WObjBody>(this->Get()); }
+  operator WObjRf<WObjBody>() const noexcept {
+    WObjRf<WObjBody> object;
+    object.Assign(*this, this->Get());
+    return object;
+  }
 };
 
 }  // namespace Pelor::MI

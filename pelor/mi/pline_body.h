@@ -19,7 +19,7 @@ class PELOR_EXPORT WPLineBody : public W1DBody {
   WPLineBody& operator=(const WPLineBody& other);
   ~WPLineBody() override = default;
 
-  [[nodiscard]] WPLineBody* Clone() const override { return new WPLineBody(*this); }
+  [[nodiscard]] WPLineBody* Clone() const override { return WithFirstShare(new WPLineBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override;
   /// The mean of all vertices; NaN, which is intended, when there are none.
   [[nodiscard]] Vanth::PointXY GetCentroid() const override;

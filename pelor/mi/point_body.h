@@ -13,7 +13,7 @@ class PELOR_EXPORT WPointBody : public W0DBody {
   WPointBody(const Vanth::PointXY& point, Tobri::IRefC<CoordSys> wsys, Symbol symbol)
       : W0DBody(WObjType_Point, std::move(wsys), std::move(symbol)), point_(point) {}
 
-  [[nodiscard]] WPointBody* Clone() const override { return new WPointBody(*this); }
+  [[nodiscard]] WPointBody* Clone() const override { return WithFirstShare(new WPointBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return {point_, point_}; }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return point_; }
   void Apply(const Transform& transform) override { transform.Apply(point_); }

@@ -15,7 +15,7 @@ class PELOR_EXPORT WRectBody : public W2DBody {
   WRectBody(const Vanth::RectXY& rect, Tobri::IRefC<CoordSys> wsys, const Pen& pen, const Brush& brush)
       : W2DBody(WObjType_Rect, std::move(wsys), pen, brush), rect_(rect) {}
 
-  [[nodiscard]] WRectBody* Clone() const override { return new WRectBody(*this); }
+  [[nodiscard]] WRectBody* Clone() const override { return WithFirstShare(new WRectBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return Vanth::BoundsXY(rect_); }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return rect_.Center(); }
   [[nodiscard]] double GetLength() const override {

@@ -23,7 +23,7 @@ class PELOR_EXPORT WRegionBody : public W2DBody {
   WRegionBody& operator=(const WRegionBody&) = default;
   ~WRegionBody() override = default;
 
-  [[nodiscard]] WRegionBody* Clone() const override { return new WRegionBody(*this); }
+  [[nodiscard]] WRegionBody* Clone() const override { return WithFirstShare(new WRegionBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return outline_->GetBounds(); }
   /// What SetCentroid gave; after any change of the vertices the mean of all vertices.
   [[nodiscard]] Vanth::PointXY GetCentroid() const override;

@@ -18,7 +18,7 @@ class PELOR_EXPORT WRRectBody : public W2DBody {
              const Brush& brush)
       : W2DBody(WObjType_RRect, std::move(wsys), pen, brush), rect_(rect), rounding_(rounding) {}
 
-  [[nodiscard]] WRRectBody* Clone() const override { return new WRRectBody(*this); }
+  [[nodiscard]] WRRectBody* Clone() const override { return WithFirstShare(new WRRectBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return Vanth::BoundsXY(rect_); }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return rect_.Center(); }
   /// The factor pi - 2 of the rounding is intended.

@@ -16,7 +16,7 @@ class PELOR_EXPORT WTextBody : public WTxBody {
   WTextBody(Tobri::String text, const Vanth::RectXY& box, Tobri::IRefC<CoordSys> wsys, Font font)
       : WTxBody(WObjType_Text, std::move(wsys), std::move(font)), text_(std::move(text)), box_(box) {}
 
-  [[nodiscard]] WTextBody* Clone() const override { return new WTextBody(*this); }
+  [[nodiscard]] WTextBody* Clone() const override { return WithFirstShare(new WTextBody(*this)); }
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return Vanth::BoundsXY(box_); }
   [[nodiscard]] Vanth::PointXY GetCentroid() const override { return box_.Center(); }
   [[nodiscard]] double GetLength() const override { return 0.0; }

@@ -60,6 +60,16 @@ class Circle : public Shape {
   Alive second_;  // counted only when the deletion reaches the derived class
 };
 
+// A clone that comes with a share for whoever asked for it.
+class Square : public Shape {
+ public:
+  [[nodiscard]] Square* Clone() const override {
+    auto* const clone = new Square(*this);
+    clone->Assign(FromFreeStore);
+    return clone;
+  }
+};
+
 struct Node : Rep {
   IRef<Node> next;
   Alive alive;
@@ -260,6 +270,17 @@ TYPED_TEST(CopyTest, ASharedBodyIsClonedAndTheOldOneLosesOneShare) {
   EXPECT_EQ(third->RefCount(), 1U);
   EXPECT_EQ(body->RefCount(), 2U);
   EXPECT_EQ(live, 2 * each);
+}
+
+TEST_F(HandleTest, CopyTakesOverTheShareThatACloneComesWith) {
+  ICARef<Shape> first(new Square());
+  ICARef<Shape> second(first);
+  second.Copy();
+  EXPECT_EQ(first->RefCount(), 1U);
+  EXPECT_EQ(second->RefCount(), 1U);
+  ICARefC<Shape> third{IRefC<Shape>(first)};
+  third.Copy();
+  EXPECT_EQ(third->RefCount(), 1U);
 }
 
 TEST_F(HandleTest, CopyClonesAPolymorphicBodyThroughItsVirtualClone) {

@@ -73,10 +73,10 @@ TEST(WObjBodyTest, EveryClassSharesItsCoordinateSystem) {
   EXPECT_EQ(other->RefCount(), 1U);
 }
 
-TEST(WObjBodyTest, CloneIsOfTheSameClassAndUnheld) {
+TEST(WObjBodyTest, CloneIsOfTheSameClassWithTheCount1) {
   for (const auto& object : OneOfEachKind(MakeCoordSys())) {
     WObjBody* const clone = object->Clone();
-    EXPECT_EQ(clone->RefCount(), 0U);
+    EXPECT_EQ(clone->RefCount(), 1U);
     const WObjRf<WObjBody> holder(clone);
     EXPECT_EQ(clone->RefCount(), 1U);
     EXPECT_NE(holder, object);
@@ -85,6 +85,14 @@ TEST(WObjBodyTest, CloneIsOfTheSameClassAndUnheld) {
     EXPECT_EQ(clone->GetWSys(), object->GetWSys());
     EXPECT_EQ(object->RefCount(), 1U);
   }
+}
+
+TEST(WObjBodyTest, TheShareOfACloneIsItsCallers) {
+  const WPointObj point({1, 2}, nullptr, Symbol());
+  const WObjBody* const clone = point->Clone();
+  ASSERT_TRUE(clone->deref());
+  delete clone;
+  EXPECT_EQ(point->RefCount(), 1U);
 }
 
 TEST(WObjBodyTest, DefaultsAreZeroGeometryAndDefaultStyles) {
