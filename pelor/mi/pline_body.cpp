@@ -120,11 +120,11 @@ void WPLineBody::CloseParts() {
   // From the back, every part moves up by what is still missing in front of its end.
   const std::span<PointXY> vertices = array.Span();
   const std::span<int> starts = DArrayR<int>(part_starts_).Span();
-  for (auto start = starts.rbegin(); missing > 0; ++start) {
+  for (auto start = starts.rbegin();; ++start) {
     const auto begin = static_cast<std::size_t>(*start);
     if (end - begin > 1 && vertices[begin] != vertices[end - 1]) {
       vertices[end + missing - 1] = vertices[begin];
-      --missing;
+      if (--missing == 0) break;  // everything before the new end stays in its place
     }
     const auto first = vertices.begin();
     std::copy_backward(first + static_cast<std::ptrdiff_t>(begin), first + static_cast<std::ptrdiff_t>(end),
