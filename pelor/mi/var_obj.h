@@ -18,6 +18,12 @@ class PELOR_EXPORT WVarObj {
   /// that they deviate by at most the tolerance. A text, the empty object and null give no vertices.
   WVarObj(const WObjRf<WObjBody>& object, double tolerance, bool lines);
 
+  // Copies only: a builder is never without an outline.
+  WVarObj(const WVarObj&) = default;
+  WVarObj& operator=(const WVarObj&) = default;
+  ~WVarObj() = default;
+
+  /// As a new builder is, with the styles, the tolerance and the coordinate system that it has.
   void Empty();
   /// The next vertex opens a ring of its own. It still joins the outline's last part, which is intended.
   void AddPart() noexcept { part_is_pending_ = true; }

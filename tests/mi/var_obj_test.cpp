@@ -7,6 +7,7 @@
 #include <limits>
 #include <numbers>
 #include <tests/mi/objects.h>
+#include <utility>
 
 namespace Pelor::MI {
 namespace {
@@ -186,6 +187,15 @@ TEST(WVarObjTest, ACopiedBuilderGoesItsOwnWay) {
   EXPECT_EQ(VerticesOf(builder), (Points{{0, 0}, {4, 0}, {9, 9}}));
   copy.Empty();
   EXPECT_EQ(VerticesOf(builder).size(), 3U);
+}
+
+TEST(WVarObjTest, ABuilderThatWasMovedFromIsUsable) {
+  WVarObj builder = MakeBuilder(0, true, {{0, 0}, {4, 0}});
+  const WVarObj moved = std::move(builder);
+  builder.Empty();  // NOLINT(bugprone-use-after-move): what it tests
+  builder.AddVertex({9, 9});
+  EXPECT_EQ(VerticesOf(builder), (Points{{9, 9}}));
+  EXPECT_EQ(VerticesOf(moved), (Points{{0, 0}, {4, 0}}));
 }
 
 TEST(WVarObjTest, AClosedRingEndsWithAnEmptyPart) {
