@@ -275,12 +275,17 @@ TEST(WTextBodyTest, KeepsItsLayout) {
   text->SetJustification(1);
   text->SetLabelKind(-5);
   text->SetText("Side St");
+  text->SetLabelPoint({7, 8});
+  text->SetAngle(Degrees(30));
   const WTextObj clone(WObjRf<WObjBody>(text->Clone()));
   EXPECT_EQ(clone->GetText(), Tobri::String("Side St"));
   EXPECT_EQ(clone->GetFont(), Font::None());
   EXPECT_EQ(clone->GetSpacing(), 2);
   EXPECT_EQ(clone->GetJustification(), 1);
   EXPECT_EQ(clone->GetLabelKind(), -5);
+  EXPECT_EQ(clone->GetBox(), (RectXY{0, 0, 6, 2}));
+  EXPECT_EQ(clone->GetLabelPoint(), (PointXY{7, 8}));
+  EXPECT_EQ(clone->GetAngle(), Degrees(30));
 }
 
 // Bounds of arcs of the circle of radius 10 around (0, 0), worked out from the end points (10 cos a, 10 sin

@@ -206,8 +206,12 @@ TEST(WPLineBodyTest, ApplyTransformsEveryVertex) {
 TEST(WPLineBodyTest, ACloneIsIndependent) {
   WPLineObj pline = MakePLine({{{1, 1}, {2, 2}}});
   pline->SetIsSmooth(true);
+  const Pen pen{3, 4, 0xFF, SLUnits_Point, true};
+  pline->SetPen(pen);
   WPLineObj clone = pline;
   clone.Copy();
+  EXPECT_EQ(clone->GetPen(), pen);
+  EXPECT_TRUE(clone->GetIsSmooth());
   EXPECT_NE(clone->Vertices().data(), pline->Vertices().data());
   clone->AddVertex({3, 3});
   clone->AddPart();

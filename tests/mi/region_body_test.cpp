@@ -230,6 +230,22 @@ TEST(WRegionBodyTest, MadeFromANullPolylineItIsEmpty) {
   EXPECT_EQ(region->GetNTotalVertices(), 1);
 }
 
+TEST(WRegionBodyTest, ARegionWithoutANewVertexCountsAsClosed) {
+  const Points ring{{1, 1}, {2, 1}, {2, 2}};
+  const auto vertices_with_an_open_ring = [&](const WRegionObj& region) {
+    // Put into the shared outline, behind the region's back.
+    const WPLineObj outline = region->GetOutline();
+    outline->AddPart();
+    for (const PointXY& vertex : ring) outline->AddVertex(vertex);
+    return region->GetNTotalVertices();
+  };
+  EXPECT_EQ(vertices_with_an_open_ring(WRegionObj(nullptr, Pen(), Brush())), 3);
+  const WRegionObj emptied = MakeRegion({kTriangle});
+  emptied->Empty();
+  EXPECT_EQ(vertices_with_an_open_ring(emptied), 3);
+  EXPECT_EQ(vertices_with_an_open_ring(WRegionObj(MakePLine({kTriangle}), Brush())), 4 + 3);
+}
+
 TEST(WRegionBodyTest, NoChangeOfTheRegionReachesThePolyline) {
   const WPLineObj pline = MakePLine({kClosedTriangle});
   const auto expect_untouched = [&](const char* change) {
@@ -269,6 +285,17 @@ TEST(WRegionBodyTest, AClonesOutlineIsSharedUntilTheFirstChange) {
   EXPECT_NE(clone->GetOutline().Get(), region->GetOutline().Get());
   EXPECT_EQ(region->GetNTotalVertices(), 4);
   EXPECT_EQ(clone->GetNTotalVertices(), 6);
+}
+
+TEST(WRegionBodyTest, ACloneHasTheStylesAndTheCentroid) {
+  const Pen pen{3, 4, 0xFF, SLUnits_Point, true};
+  const Brush brush{12, 1, 2};
+  const WRegionObj region(nullptr, pen, brush);
+  region->SetCentroid({5, 6});
+  const WRegionObj clone(WObjRf<WObjBody>(region->Clone()));
+  EXPECT_EQ(clone->GetPen(), pen);
+  EXPECT_EQ(clone->GetBrush(), brush);
+  EXPECT_EQ(clone->GetCentroid(), (PointXY{5, 6}));
 }
 
 TEST(WRegionBodyTest, ClosingACloneLeavesTheOriginalOpen) {

@@ -38,6 +38,13 @@ TEST(BrushTest, TheDefaultIsASolidWhiteWithoutABackground) {
   EXPECT_EQ(brush.backColor, -1);
 }
 
+TEST(BrushTest, FieldsAreInTheirOrder) {
+  const Brush brush{4, 5, 6};
+  EXPECT_EQ(brush.pattern, 4);
+  EXPECT_EQ(brush.foreColor, 5);
+  EXPECT_EQ(brush.backColor, 6);
+}
+
 TEST(BrushTest, TheTypeIsThePatternsGroup) {
   EXPECT_EQ(Brush{1}.GetType(), 1);
   EXPECT_EQ(Brush{2}.GetType(), 2);
@@ -110,6 +117,16 @@ TEST(FontTest, TheDefaultFontHasItsName) {
   EXPECT_EQ(font.sizeUnits, 3);
   EXPECT_EQ(font.foreColor, 0);
   EXPECT_EQ(font.backColor, -1);
+}
+
+TEST(FontTest, FieldsAreInTheirOrder) {
+  const Font font{"Roman", 4, 5, SLUnits_Pixel, 6, 7};
+  EXPECT_EQ(font.name, String("Roman"));
+  EXPECT_EQ(font.style, 4);
+  EXPECT_EQ(font.size, 5);
+  EXPECT_EQ(font.sizeUnits, SLUnits_Pixel);
+  EXPECT_EQ(font.foreColor, 6);
+  EXPECT_EQ(font.backColor, 7);
 }
 
 TEST(FontTest, NoneIsTheDefaultWithoutAName) {

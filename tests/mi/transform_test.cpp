@@ -17,6 +17,13 @@ TEST(TransformTest, TheDefaultChangesNothing) {
   EXPECT_EQ(point, (PointXY{1.5, -2.5}));
 }
 
+TEST(TransformTest, FieldsAreInTheirOrder) {
+  EXPECT_EQ(kTransform.scaleX, 2);
+  EXPECT_EQ(kTransform.scaleY, 3);
+  EXPECT_EQ(kTransform.offsetX, 10);
+  EXPECT_EQ(kTransform.offsetY, 20);
+}
+
 TEST(TransformTest, APointIsScaledByBothScales) {
   PointXY point{1, 1};
   kTransform.Apply(point);

@@ -436,6 +436,40 @@ TEST(WVarObjConversionTest, TextTheEmptyObjectAndNullGiveNothing) {
   EXPECT_EQ(WObjRf<WObjBody>(null)->GetWSys(), nullptr);
 }
 
+TEST(WVarObjConversionTest, EveryKindGivesItsStylesAndItsCoordinateSystem) {
+  const Tobri::IRefC<CoordSys> wsys = MakeCoordSys();
+  const Pen pen{3, 4, 0xFF, SLUnits_Point, true};
+  const Brush brush{12, 1, 2};
+  const RectXY box{0, 0, 10, 6};
+  const WPLineObj pline(wsys, pen, false);
+  pline->AddPart();
+  for (const PointXY& vertex : Points{{0, 0}, {4, 0}, {4, 3}}) pline->AddVertex(vertex);
+
+  for (const WObjRf<WObjBody>& object :
+       {WObjRf<WObjBody>(WLineObj({0, 0}, {4, 0}, wsys, pen)), WObjRf<WObjBody>(pline),
+        WObjRf<WObjBody>(WArcObj(box, Degrees(0), Degrees(90), wsys, pen))}) {
+    const WVarObj builder(object, 1, false);
+    EXPECT_EQ(builder.GetPen(), pen) << object->GetType();
+    const WPLineObj result{WObjRf<WObjBody>(builder)};
+    ASSERT_NE(result, nullptr) << object->GetType();
+    EXPECT_EQ(result->GetPen(), pen) << object->GetType();
+    EXPECT_EQ(result->GetWSys(), wsys) << object->GetType();
+  }
+  for (const WObjRf<WObjBody>& object :
+       {WObjRf<WObjBody>(WRegionObj(pline, brush)), WObjRf<WObjBody>(WRectObj(box, wsys, pen, brush)),
+        WObjRf<WObjBody>(WRRectObj(box, 2, wsys, pen, brush)),
+        WObjRf<WObjBody>(WEllipseObj(box, wsys, pen, brush))}) {
+    const WVarObj builder(object, 1, false);
+    EXPECT_EQ(builder.GetPen(), pen) << object->GetType();
+    EXPECT_EQ(builder.GetBrush(), brush) << object->GetType();
+    const WRegionObj result{WObjRf<WObjBody>(builder)};
+    ASSERT_NE(result, nullptr) << object->GetType();
+    EXPECT_EQ(result->GetPen(), pen) << object->GetType();
+    EXPECT_EQ(result->GetBrush(), brush) << object->GetType();
+    EXPECT_EQ(result->GetWSys(), wsys) << object->GetType();
+  }
+}
+
 TEST(WVarObjConversionTest, AStyleThatTheObjectLacksKeepsItsDefault) {
   const WVarObj builder(WPointObj({1, 2}, nullptr, Symbol("A", 1, 2, 3, SLUnits_Pixel)), 0, true);
   EXPECT_EQ(builder.GetPen(), Pen());
