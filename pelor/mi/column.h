@@ -38,12 +38,12 @@ class PELOR_EXPORT Column {
   /// again. Meant for one thread at a time: two threads get two numbers, but in no certain order.
   Column();
 
-  // A width below 1 becomes 1 and sets kWidthNotGiven; a width that is given does not clear it.
+  /// A width below 1 becomes 1 and sets kWidthNotGiven; a width that is given does not clear it.
   Column(Tobri::String column_name, Character_t, int column_width, unsigned short column_flags);
   Column(Tobri::String column_name, Decimal_t, int column_width, int column_decimals,
          unsigned short column_flags);
 
-  // The types of a fixed width clear kWidthNotGiven.
+  /// The types of a fixed width clear kWidthNotGiven.
   Column(Tobri::String column_name, Integer_t, unsigned short column_flags);
   Column(Tobri::String column_name, SmallInt_t, unsigned short column_flags);
   Column(Tobri::String column_name, Float_t, unsigned short column_flags);
@@ -54,9 +54,9 @@ class PELOR_EXPORT Column {
 
   Tobri::String name;
   std::int32_t type = Character;
-  std::int32_t width = 1;
+  std::int32_t width = 1;     ///< characters of a Character or Decimal, a fixed number for every other type
   std::int32_t decimals = 0;  ///< of a Decimal column
-  std::uint16_t flags = 0;
+  std::uint16_t flags = 0;    ///< kWidthNotGiven and others, carried unchanged
 
  private:
   struct FixedWidth {};

@@ -19,13 +19,14 @@ struct Font {
     return font;
   }
 
+  /// The size as ConvertSize gives it.
   [[nodiscard]] int GetSize(SLUnits units) const noexcept { return ConvertSize(size, sizeUnits, units); }
 
   friend bool operator==(const Font&, const Font&) noexcept = default;
 
   Tobri::String name = deffont();
   std::uint16_t style = 0;  ///< style bits, carried unchanged
-  std::int32_t size = 0;
+  std::int32_t size = 0;    ///< in sizeUnits
   SLUnits sizeUnits = SLUnits_Point;
   Color foreColor = 0;
   Color backColor = -1;  ///< -1 for none

@@ -23,6 +23,7 @@ class PELOR_EXPORT WPLineBody : public W1DBody {
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override;
   /// The mean of all vertices; NaN, which is intended, when there are none.
   [[nodiscard]] Vanth::PointXY GetCentroid() const override;
+  /// Without the gaps between the parts.
   [[nodiscard]] double GetLength() const override;
   /// The direction of the middle segment of the first part with more than two vertices; 0 without such a
   /// part. That parts of two vertices are passed over is intended.

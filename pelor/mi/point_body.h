@@ -7,6 +7,7 @@
 
 namespace Pelor::MI {
 
+/// A point.
 class PELOR_EXPORT WPointBody : public W0DBody {
  public:
   explicit WPointBody(Tobri::IRefC<CoordSys> wsys) : WPointBody({}, std::move(wsys), Symbol()) {}

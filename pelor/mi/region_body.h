@@ -27,6 +27,7 @@ class PELOR_EXPORT WRegionBody : public W2DBody {
   [[nodiscard]] Vanth::BoundsXY GetBounds() const override { return outline_->GetBounds(); }
   /// What SetCentroid gave; after any change of the vertices the mean of all vertices.
   [[nodiscard]] Vanth::PointXY GetCentroid() const override;
+  /// Of all rings, closed.
   [[nodiscard]] double GetLength() const override;
   /// Intended: 0 for every region.
   [[nodiscard]] double GetArea() const override;
@@ -38,6 +39,7 @@ class PELOR_EXPORT WRegionBody : public W2DBody {
   /// Sets the pen of the region and of its outline.
   void SetPen(const Pen& pen) override;
 
+  /// Removes all vertices and the centroid, and begins one ring.
   void Empty();
   /// Closes the last ring and begins a new one.
   void AddPart();
@@ -50,16 +52,21 @@ class PELOR_EXPORT WRegionBody : public W2DBody {
   }
   void SetCentroid(const Vanth::PointXY& centroid) noexcept;
 
-  // Closing changes the outline and the flags of a const region: what it shows is the same area.
+  /// Closes one ring: unless it has at most one vertex or ends where it begins, its first vertex is repeated
+  /// at its end and a centroid that was set is forgotten. Closing is open to a const region: it shows the
+  /// same area.
   void Close(int part) const;
+  /// Closes the last ring when vertices were added since the last closing.
   void Close() const;
 
+  /// The counts and vertices of the rings as they stand, closed or not.
   [[nodiscard]] int GetNParts() const noexcept { return outline_->GetNParts(); }
   [[nodiscard]] int GetNVertices(int part) const noexcept { return outline_->GetNVertices(part); }
   /// As WPLineBody::GetVertex: `vertex` is not checked.
   [[nodiscard]] Vanth::PointXY GetVertex(int vertex, int part) const noexcept {
     return outline_->GetVertex(vertex, part);
   }
+  /// Of all rings, closed.
   [[nodiscard]] int GetNTotalVertices() const;
   /// A share of the outline, all rings closed.
   [[nodiscard]] WPLineObj GetOutline() const;

@@ -11,11 +11,12 @@ namespace Pelor::MI {
 
 /// The simple style of points: a standard shape.
 struct StdSymbol {
-  std::int32_t shape = 32;
+  std::int32_t shape = 32;  ///< number of a standard symbol
   Color color = 0;
-  std::int32_t size = 8;
+  std::int32_t size = 8;  ///< in sizeUnits
   SLUnits sizeUnits = SLUnits_Point;
 
+  /// The size as ConvertSize gives it.
   [[nodiscard]] constexpr int GetSize(SLUnits units) const noexcept {
     return ConvertSize(size, sizeUnits, units);
   }
@@ -56,6 +57,7 @@ class Symbol {
         style(picture_style),
         sizeUnits(units) {}
 
+  /// The size as ConvertSize gives it.
   [[nodiscard]] int GetSize(SLUnits units) const noexcept { return ConvertSize(size, sizeUnits, units); }
 
   friend bool operator==(const Symbol&, const Symbol&) noexcept = default;
@@ -63,12 +65,12 @@ class Symbol {
   std::int32_t kind = Standard;
   std::int32_t shape = 32;  ///< a standard shape or a character code; a picture has none
   Color color = 0;
-  std::int32_t size = 8;
+  std::int32_t size = 8;      ///< in sizeUnits
   Tobri::String name;         ///< of the font or of the picture's file
-  std::int32_t rotation = 0;  ///< of a character
+  std::int32_t rotation = 0;  ///< of a character, carried unchanged
   std::uint16_t style = 0;    ///< style bits, carried unchanged
   SLUnits sizeUnits = SLUnits_Point;
-  std::int32_t extra = -1;
+  std::int32_t extra = -1;  ///< carried unchanged; -1 in every new symbol
 };
 
 }  // namespace Pelor::MI

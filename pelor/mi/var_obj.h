@@ -27,6 +27,8 @@ class PELOR_EXPORT WVarObj {
   void Empty();
   /// The next vertex opens a ring of its own. It still joins the outline's last part, which is intended.
   void AddPart() noexcept { part_is_pending_ = true; }
+  /// Appends to the outline, unless the vertex is within the tolerance of the one before. A vertex within the
+  /// tolerance of its ring's first one closes the ring instead.
   void AddVertex(const Vanth::PointXY& point);
   /// Makes the object a region, whatever its vertices.
   void Close() noexcept {
@@ -43,6 +45,7 @@ class PELOR_EXPORT WVarObj {
   operator WObjRf<WObjBody>() const;
 
   [[nodiscard]] const Pen& GetPen() const noexcept { return pen_; }
+  /// Of the outline, too.
   void SetPen(const Pen& pen);
   [[nodiscard]] const Brush& GetBrush() const noexcept { return brush_; }
   void SetBrush(const Brush& brush) noexcept { brush_ = brush; }
