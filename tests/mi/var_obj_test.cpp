@@ -296,6 +296,12 @@ TEST(WVarObjConversionTest, APolylineKeepsPartsAndVerticesAsTheyAre) {
   EXPECT_EQ(pline->GetNVertices(1), 2);
 }
 
+TEST(WVarObjConversionTest, APolylineWithoutAPartStaysAPolyline) {
+  const WVarObj builder(WPLineObj(nullptr, Pen(), false), 0, true);
+  EXPECT_EQ(builder.GetOutline()->GetNParts(), 0);
+  EXPECT_EQ(builder.GetWType(), WObjType_PLine);
+}
+
 TEST(WVarObjConversionTest, ARegionKeepsItsClosedRings) {
   const Tobri::IRefC<CoordSys> wsys = MakeCoordSys();
   Pen pen;
