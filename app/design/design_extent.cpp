@@ -1,11 +1,10 @@
 #include "app/design/design_extent.h"
 
+#include "app/convert/decimals.h"
 #include "app/design/text_writer.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <iterator>
 #include <span>
 
 namespace App {
@@ -13,19 +12,6 @@ namespace App {
 namespace MI = Pelor::MI;
 
 namespace {
-
-constexpr double kPowers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10};
-static_assert(std::size(kPowers) == MapMeasure::kMostDecimals + 1);
-
-/// Whether the number is what text with so many decimals reads as.
-bool HasDecimals(double value, int decimals) {
-  constexpr double kWhole = 4503599627370496.0;  // all doubles from here on are whole
-  const double scaled = value * kPowers[decimals];
-  if (std::fabs(scaled) >= kWhole) return true;
-  // Two of these a vertex: a cast is many times as fast as a call of the rounding functions.
-  const auto nearest = static_cast<std::int64_t>(scaled + std::copysign(0.5, scaled));
-  return static_cast<double>(nearest) / kPowers[decimals] == value;
-}
 
 std::span<const Vanth::PointXY> VerticesOf(const MI::WObjBody& object) {
   if (object.GetType() == MI::WObjType_PLine) return static_cast<const MI::WPLineBody&>(object).Vertices();
@@ -42,8 +28,10 @@ void DesignExtent::Add(const MI::WObjBody& object) {
       return;
     case MI::WObjType_Text: {
       const auto& text = static_cast<const MI::WTextBody&>(object);
-      for (const Vanth::PointXY& corner : TextWriter::CornersOf(text).points) {
-        // Corners of a turned box have decimals that nobody wrote.
+      const TextWriter::Corners corners = TextWriter::CornersOf(text);
+      Add(corners.points[0]);
+      for (const Vanth::PointXY& corner : corners.points) {
+        // The other corners of a turned box have decimals that nobody wrote.
         if (std::isfinite(corner.x) && std::isfinite(corner.y)) measure_.extent.Extend(corner);
       }
       const double letter = TextWriter::LetterOf(text);
@@ -69,7 +57,7 @@ void DesignExtent::Add(const MI::WObjBody& object) {
 void DesignExtent::Add(const Vanth::PointXY& point) {
   if (!std::isfinite(point.x) || !std::isfinite(point.y)) return;
   measure_.extent.Extend(point);
-  while (measure_.decimals < MapMeasure::kMostDecimals &&
+  while (measure_.decimals < kMostDecimals &&
          !(HasDecimals(point.x, measure_.decimals) && HasDecimals(point.y, measure_.decimals))) {
     ++measure_.decimals;
   }

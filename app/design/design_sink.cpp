@@ -94,6 +94,9 @@ DesignSink::Start DesignSink::Settle(const std::filesystem::path& design, Output
     throw Failure(design.string() + " cannot be written: " + failure.what());
   }
   start.keeps_all_digits = KeepsAllDigits(start.units, extent.Measure());
+  if (!start.keeps_all_digits && AreCoarserThanChosen(start.units, extent.Measure())) {
+    start.largest_move = HalfOfLastDigit(start.units, extent.Measure());
+  }
   return start;
 }
 
@@ -106,6 +109,7 @@ ObjectWriter::Settings DesignSink::WriterSettings(const Start& start, const Desi
   settings.units = start.units;
   settings.tolerance = options.tolerance.value_or(0.0);
   settings.charset = options.charset;
+  settings.largest_move = start.largest_move;
   if (start.seed) settings.last_graphic_group = start.seed->last_graphic_group;
   return settings;
 }

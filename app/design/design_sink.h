@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -56,6 +57,7 @@ class DesignSink final : public FeatureSink {
     std::optional<Seed> seed;
     WorkingUnits units;
     bool keeps_all_digits = true;
+    double largest_move = std::numeric_limits<double>::infinity();
   };
 
   [[nodiscard]] static Start Settle(const std::filesystem::path& design, OutputFiles& files,

@@ -27,6 +27,7 @@ constexpr std::string_view kCutPath =
     "more vertices than an element holds: cut into several of one graphic group";
 constexpr std::string_view kCutRing = "more vertices than an element holds: outline alone";
 constexpr std::string_view kLooseRings = "more vertices than a cell holds: rings of one graphic group";
+constexpr std::string_view kRounded = "coordinates rounded to the units of resolution";
 constexpr std::string_view kNoGraphicGroup = "more objects of several elements than graphic groups";
 
 constexpr std::int32_t kInvisiblePattern = 1;
@@ -44,6 +45,7 @@ bool IsFilled(const MI::Brush& brush) {
 ObjectWriter::ObjectWriter(ElementBytes& bytes, Palette& palette, const Settings& settings)
     : units_(settings.units),
       tolerance_(settings.tolerance),
+      largest_move_(settings.largest_move),
       palette_(palette),
       elements_(bytes),
       paths_(elements_, settings.last_graphic_group),
@@ -178,9 +180,12 @@ std::string_view ObjectWriter::Put(const MI::WRegionBody& region, const ObjectLo
 }
 
 std::string_view ObjectWriter::Put(const MI::WTextBody& text, const ObjectLook& look) {
-  for (const Vanth::PointXY& corner : TextWriter::CornersOf(text).points) {
+  const TextWriter::Corners corners = TextWriter::CornersOf(text);
+  for (const Vanth::PointXY& corner : corners.points) {
     if (!IsOnPlane(units_.X(corner.x)) || !IsOnPlane(units_.Y(corner.y))) return kOffPlane;
   }
+  // Elements have the feet of their texts.
+  if (IsMoved(units_.X(corners.points[3].x), units_.Y(corners.points[3].y))) Note(kRounded);
   Style style = PlainStyle(text.GetFont().foreColor, look);
   if ((text.GetFont().style & kBoldStyle) != 0) style.weight = kBoldWeight;
   return texts_.Write(style, text, look.linkages) ? std::string_view() : kEmptyText;
@@ -296,7 +301,17 @@ bool ObjectWriter::AppendPoints(std::span<const Vanth::PointXY> vertices) {
     if (!IsOnPlane(x) || !IsOnPlane(y)) return false;
     *to++ = {Rounded(x), Rounded(y)};
   }
+  if (std::isfinite(largest_move_) && std::any_of(vertices.begin(), vertices.end(), [this](const auto& v) {
+        return IsMoved(units_.X(v.x), units_.Y(v.y));
+      })) {
+    Note(kRounded);
+  }
   return true;
+}
+
+/// By the rounding of a point in units of resolution.
+bool ObjectWriter::IsMoved(double x, double y) const noexcept {
+  return std::fabs(x - Rounded(x)) > largest_move_ || std::fabs(y - Rounded(y)) > largest_move_;
 }
 
 std::optional<EllipseShape> ObjectWriter::ToEllipse(const Vanth::RectXY& rect) const {

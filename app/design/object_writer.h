@@ -8,6 +8,7 @@
 #include <pelor/mi.h>
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -30,6 +31,8 @@ class ObjectWriter {
     double tolerance = 0.0;  ///< of flattened curves, in master units; 0 for one by their size
     std::string_view charset;
     std::uint16_t last_graphic_group = 0;  ///< the highest that is in use
+    /// In units of resolution: objects that rounding moves farther are noted.
+    double largest_move = std::numeric_limits<double>::infinity();
   };
 
   /// Appends to `bytes`. It and `palette` must live on.
@@ -73,10 +76,12 @@ class ObjectWriter {
 
   /// Appends the vertices in units of resolution; false when one is not on the plane.
   [[nodiscard]] bool AppendPoints(std::span<const Vanth::PointXY> vertices);
+  [[nodiscard]] bool IsMoved(double x, double y) const noexcept;
   [[nodiscard]] std::optional<EllipseShape> ToEllipse(const Vanth::RectXY& rect) const;
 
   WorkingUnits units_;
   double tolerance_;
+  double largest_move_;
   Palette& palette_;
   std::vector<std::string_view> notes_;
   ElementWriter elements_;

@@ -21,6 +21,8 @@ constexpr double kHighest = std::numeric_limits<std::int32_t>::max();
 
 /// Significant digits of a printed coordinate.
 constexpr int kDigits = 10;
+/// The most that a coordinate holds, whatever it has been read from.
+constexpr int kMostDigits = 15;
 /// The count of units of resolution per master unit is a long in all programs.
 constexpr int kLargestPower = 9;
 constexpr std::int32_t kSubsPerMaster = 1000;
@@ -43,18 +45,25 @@ double LargestCoordinate(const Vanth::BoundsXY& extent) {
                   std::max(std::fabs(extent.Min().y), std::fabs(extent.Max().y)));
 }
 
-/// The power of ten of the units of resolution per master unit that keep a tenth of the last digit.
-int WantedPower(const Vanth::BoundsXY& extent) {
-  constexpr int kWithoutExtent = 3;
-  if (extent.IsEmpty()) return kWithoutExtent;
+/// The power of ten of the first digit of the largest coordinate; none without coordinates but 0.
+std::optional<int> FirstPower(const Vanth::BoundsXY& extent) {
+  if (extent.IsEmpty()) return std::nullopt;
   const double largest = LargestCoordinate(extent);
-  if (!(largest > 0)) return kWithoutExtent;
-  return kDigits - static_cast<int>(std::floor(std::log10(largest)));
+  if (!(largest > 0)) return std::nullopt;
+  return static_cast<int>(std::floor(std::log10(largest)));
 }
 
-/// The same for the digits that coordinates really have.
-int NeededPower(const MapMeasure& measure) {
-  return std::min(measure.decimals + 1, WantedPower(measure.extent));
+/// The decimals that coordinates have.
+int DecimalsOf(const MapMeasure& measure) {
+  return std::min(measure.decimals, kMostDigits - 1 - FirstPower(measure.extent).value_or(0));
+}
+
+/// The power of ten of the units of resolution per master unit that keep a tenth of the last digit.
+int WantedPower(const MapMeasure& measure) {
+  constexpr int kWithoutExtent = 3;
+  const std::optional<int> first = FirstPower(measure.extent);
+  if (!first) return kWithoutExtent;
+  return std::max(kDigits - *first, DecimalsOf(measure) + 1);
 }
 
 /// The largest power of ten at which a character of this size can be written.
@@ -124,6 +133,18 @@ std::string PlaneAxis(double uors_per_master, double origin) {
                 PlaneAxis(scale, units.origin_y) + " " + units.master_name);
 }
 
+/// Sets the finest units that fit, by powers of ten; false, with the coarsest, when none do.
+bool FindPower(WorkingUnits& units, const MapMeasure& measure, const UnitNames& names,
+               const UnitChoice& choice) {
+  const Vanth::BoundsXY extent = measure.extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : measure.extent;
+  const int best = std::min(WantedPower(measure), LetterPower(measure.letter));
+  for (int power = std::clamp(best, 0, kLargestPower); power >= 0; --power) {
+    SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), names);
+    if (SetOrigin(units, extent, choice)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string PrintedNumber(double value) {
@@ -164,12 +185,8 @@ WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names, cons
     if (!SetOrigin(units, extent, choice)) ThrowDoesNotFit(units, extent);
     return units;
   }
-  const int best = std::min(WantedPower(extent), LetterPower(measure.letter));
-  for (int power = std::clamp(best, 0, kLargestPower); power >= 0; --power) {
-    SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), used_names);
-    if (SetOrigin(units, extent, choice)) return units;
-  }
-  ThrowDoesNotFit(units, extent);
+  if (!FindPower(units, measure, used_names, choice)) ThrowDoesNotFit(units, extent);
+  return units;
 }
 
 WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
@@ -196,9 +213,23 @@ WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
 }
 
 bool KeepsAllDigits(const WorkingUnits& units, const MapMeasure& measure) {
-  if (measure.extent.IsEmpty() || LargestCoordinate(measure.extent) == 0) return true;
+  if (!FirstPower(measure.extent)) return true;
   // The logarithm of a power of ten is exact, or below it by a rounding.
-  return std::log10(units.UorsPerMaster()) > NeededPower(measure) - 1e-9;
+  return std::log10(units.UorsPerMaster()) > DecimalsOf(measure) - 1e-9;
+}
+
+bool AreCoarserThanChosen(const WorkingUnits& units, const MapMeasure& measure) {
+  WorkingUnits chosen;
+  return FindPower(chosen, measure, {}, {}) && units.UorsPerMaster() < chosen.UorsPerMaster();
+}
+
+double HalfOfLastDigit(const WorkingUnits& units, const MapMeasure& measure) {
+  const double scale = units.UorsPerMaster();
+  // The way from a coordinate to units of resolution rounds as well.
+  const double largest = measure.extent.IsEmpty() ? 0.0 : LargestCoordinate(measure.extent) * scale;
+  const double slack = 4 * std::numeric_limits<double>::epsilon() *
+                       std::max({largest, std::fabs(units.origin_x), std::fabs(units.origin_y)});
+  return std::max(0.5 * scale * std::pow(10.0, -DecimalsOf(measure)), slack);
 }
 
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/convert/decimals.h"
 #include <pelor/dgn.h>
 #include <pelor/mi.h>
 
@@ -43,8 +44,6 @@ struct UnitNames {
 
 /// What the units of a map depend on.
 struct MapMeasure {
-  static constexpr int kMostDecimals = 10;
-
   Vanth::BoundsXY extent;
   /// The most decimals that any coordinate has been written with; `kMostDecimals` also for more.
   int decimals = kMostDecimals;
@@ -60,8 +59,9 @@ struct UnitChoice {
 };
 
 /// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten:
-/// where there is room, a tenth of the last of the ten significant digits with which the largest coordinate
-/// is printed, else as fine as the extent and the largest characters allow, as the size of a text is limited.
+/// where there is room, a tenth of the last of ten significant digits of the largest coordinate, or of the
+/// fifteen that coordinates have at most, else as fine as the extent and the largest characters allow, as the
+/// size of a text is limited.
 /// The plane is moved, by a round number, only when the extent needs it. Throws `Failure`, with the numbers,
 /// when the extent cannot fit.
 [[nodiscard]] WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names,
@@ -70,9 +70,15 @@ struct UnitChoice {
 /// Units as a design has them already, changed to what `choice` says.
 [[nodiscard]] WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice);
 
-/// Whether the units keep a tenth of the last digit of every coordinate, printed with ten significant digits
-/// at most.
+/// Whether the units keep the last digit of every coordinate, of fifteen significant ones at most.
 [[nodiscard]] bool KeepsAllDigits(const WorkingUnits& units, const MapMeasure& measure);
+
+/// Whether the units are coarser than those that would be chosen for the map, so that who wanted them is
+/// answerable for what they round.
+[[nodiscard]] bool AreCoarserThanChosen(const WorkingUnits& units, const MapMeasure& measure);
+
+/// Half of the last digit that coordinates have, in units of resolution: what rounding may move them by.
+[[nodiscard]] double HalfOfLastDigit(const WorkingUnits& units, const MapMeasure& measure);
 
 /// Throws `Failure`, with the numbers, when the extent does not lie on the plane.
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent);

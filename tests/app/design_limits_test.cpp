@@ -22,7 +22,9 @@ void AddPart(MI::WPLineBody& pline, std::size_t vertices, double radius = 10000)
   pline.AddPart();
   for (std::size_t i = 0; i < vertices; ++i) {
     const double angle = 2 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(vertices);
-    pline.AddVertex({radius * std::cos(angle), radius * std::sin(angle)});
+    // Whole centimetres, which are the units of resolution.
+    pline.AddVertex(
+        {std::round(100 * radius * std::cos(angle)) / 100, std::round(100 * radius * std::sin(angle)) / 100});
   }
 }
 

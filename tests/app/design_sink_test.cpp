@@ -459,7 +459,9 @@ TEST(DesignExtentTest, CountsTheDecimalsOfCoordinates) {
   EXPECT_EQ(Measured({Line(0, 0, 0.07, 1), Point(5300000.123, 1)}).decimals, 3);
   EXPECT_EQ(Measured({PLine({{{0, 0}, {1, 0.0025}}})}).decimals, 4);
   EXPECT_EQ(Measured({Region({{{0, 0}, {1, 0.1}, {1, 1}}})}).decimals, 1);
-  EXPECT_EQ(Measured({Point(1.0 / 3, 0)}).decimals, MapMeasure::kMostDecimals);
+  EXPECT_EQ(Measured({Point(1.0 / 3, 0)}).decimals, kMostDecimals);
+  // The upper left corner of a turned text is as it was written.
+  EXPECT_EQ(Measured({Text("Town", {0.5, 0, 4, 1.25}, 30)}).decimals, 2);
   EXPECT_EQ(Measured({Point(1e300, 1)}).decimals, 0);
 }
 
@@ -541,8 +543,41 @@ TEST(DesignSinkTest, StatesTheUnitsItChose) {
 
   SinkConversion rounded;
   rounded.options.units = {};
-  rounded.Add(Line(-180.0000001, -90, 180, 90)).Run();
+  rounded.Add(Line(-180.00000001, -90, 180, 90)).Run();
   EXPECT_EQ(rounded.account.GetAssumptions().at(1), "coordinates are rounded to 1e-07 m");
+  EXPECT_EQ(rounded.account.GetApproximated(), 0);
+}
+
+TEST(DesignSinkTest, KeepsMoreThanTenDigitsWhereThePlaneHasRoom) {
+  SinkConversion conversion;
+  conversion.options.units = {};
+  conversion.Add(Line(3500000, 5300000, 3500009.079935, 5300001)).Run();
+  EXPECT_EQ(conversion.account.GetAssumptions(),
+            (std::vector<std::string>{"working units: 1000 mm per m, 10000 units of resolution per mm"}));
+  const DesignHeader header = DesignHeader::Decode(conversion.Elements().at(0).Bytes());
+  EXPECT_EQ((conversion.Drawing().at(0).Long(44) - header.origin[0]) / header.UorsPerMaster(),
+            3500009.079935);
+}
+
+TEST(DesignSinkTest, CountsWhatTheGivenUnitsRound) {
+  SinkConversion conversion;
+  conversion.options.units = {.uors_per_master = 1, .names = std::nullopt, .middle = std::nullopt};
+  conversion.Add(Point(500.5, 1)).Add(Point(500, 1)).Add(Line(0, 0, 1, 0.1)).Add(Text("a", {1, 0.5, 3, 2}));
+  conversion.Add(Text("a", {1, 1, 3, 2})).Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  const Account::Entry& rounded = reasons.at("coordinates rounded to the units of resolution");
+  EXPECT_EQ(rounded.count, 3);
+  EXPECT_EQ(rounded.places.at(1).number, 3);
+  EXPECT_EQ(rounded.places.at(2).number, 4);
+  EXPECT_EQ(conversion.account.GetAssumptions().at(1), "coordinates are rounded to 1 m");
+}
+
+TEST(DesignSinkTest, CountsNothingThatTheGivenUnitsKeep) {
+  SinkConversion conversion;
+  conversion.options.units.uors_per_master = 12;
+  conversion.Add(Point(500.5, 1.1)).Run();
+  EXPECT_EQ(conversion.account.GetApproximated(), 0);
+  EXPECT_EQ(conversion.account.GetAssumptions().size(), 2U);
 }
 
 }  // namespace

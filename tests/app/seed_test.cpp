@@ -113,6 +113,17 @@ TEST(SeedTest, AnExtentBeyondItsPlaneIsRefused) {
   EXPECT_EQ(conversion.folder.Names(), std::set<std::string>{"seed.dgn"});
 }
 
+TEST(SeedTest, WhatItsUnitsRoundIsCounted) {
+  SinkConversion conversion;
+  conversion.options.units = {};
+  conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes());
+  conversion.Add(MI::WPointObj({1.25, 0}, nullptr, MI::Symbol()));
+  conversion.Add(MI::WPointObj({1.123, 0}, nullptr, MI::Symbol())).Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("coordinates rounded to the units of resolution").count, 1);
+  EXPECT_EQ(reasons.at("coordinates rounded to the units of resolution").places.at(0).number, 2);
+}
+
 TEST(SeedTest, IsNeverReplaced) {
   SinkConversion conversion;
   conversion.options.seed = conversion.folder.Write("map.dgn", SeedBytes());

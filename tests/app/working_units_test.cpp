@@ -29,9 +29,19 @@ std::string Describe(const WorkingUnits& units) {
 TEST(WorkingUnitsTest, KeepATenthOfTheLastPrintedDigitWhereThereIsRoom) {
   // 600000.0000 has its last digit at 0.001 when 5400000 stands beside it.
   const Vanth::BoundsXY extent(500000, 5300000, 600000, 5400000);
-  const WorkingUnits units = ChooseUnits({extent}, kMetres, {});
+  const WorkingUnits units = ChooseUnits({extent, 3}, kMetres, {});
   EXPECT_EQ(Describe(units), "1000 mm per m x 10 from -6000000000, -5.4e+10");
-  EXPECT_TRUE(KeepsAllDigits(units, {extent}));
+  EXPECT_TRUE(KeepsAllDigits(units, {extent, 3}));
+}
+
+TEST(WorkingUnitsTest, KeepUpToFifteenSignificantDigits) {
+  const Vanth::BoundsXY small(3500000, 5300000, 3500010, 5300010);
+  EXPECT_EQ(Describe(ChooseUnits({small, 3}, kMetres, {})), "1000 mm per m x 10 from -3.5e+10, -5.3e+10");
+  EXPECT_EQ(Describe(ChooseUnits({small, 6}, kMetres, {})), "1000 mm per m x 10000 from -3.5e+13, -5.3e+13");
+  // The eighth decimal would be the fifteenth digit, and a tenth of it does not fit.
+  const WorkingUnits units = ChooseUnits({small, 10}, kMetres, {});
+  EXPECT_EQ(Describe(units), "1000 mm per m x 100000 from -3.5e+14, -5.3e+14");
+  EXPECT_TRUE(KeepsAllDigits(units, {small, 10}));
 }
 
 TEST(WorkingUnitsTest, StayAtTheOriginWhereTheExtentAllowsIt) {
@@ -66,10 +76,31 @@ TEST(WorkingUnitsTest, KeepTheDigitsThatAreThere) {
   WorkingUnits units;
   units.uors_per_sub = 10;
   EXPECT_TRUE(KeepsAllDigits(units, {extent, 3}));
-  EXPECT_FALSE(KeepsAllDigits(units, {extent, 4}));
-  // The tenth significant digit is the fifth decimal.
-  units.uors_per_sub = 1000;
-  EXPECT_TRUE(KeepsAllDigits(units, {extent, 9}));
+  EXPECT_TRUE(KeepsAllDigits(units, {extent, 4}));
+  EXPECT_FALSE(KeepsAllDigits(units, {extent, 5}));
+  units.subs_per_master = 1;
+  units.uors_per_sub = 12;
+  EXPECT_TRUE(KeepsAllDigits(units, {extent, 1}));
+  EXPECT_FALSE(KeepsAllDigits(units, {extent, 2}));
+  EXPECT_TRUE(KeepsAllDigits(units, {}));
+}
+
+TEST(WorkingUnitsTest, TellHowFarRoundingMayMoveCoordinates) {
+  WorkingUnits units;
+  EXPECT_DOUBLE_EQ(HalfOfLastDigit(units, {{0, 0, 420, 300}, 4}), 0.05);
+  EXPECT_DOUBLE_EQ(HalfOfLastDigit(units, {{0, 0, 420, 300}, 3}), 0.5);
+  // The fifteenth digit is the eighth decimal; the rest is below what doubles hold.
+  EXPECT_NEAR(HalfOfLastDigit(units, {{0, 0, 5300000, 300}, 10}), 0.000005, 1e-9);
+}
+
+TEST(WorkingUnitsTest, AreComparedWithThoseThatWouldBeChosen) {
+  WorkingUnits units;
+  const MapMeasure measure = {{0, 0, 420, 300}, 4};
+  EXPECT_TRUE(AreCoarserThanChosen(units, measure));
+  units.uors_per_sub = 10000;
+  EXPECT_FALSE(AreCoarserThanChosen(units, measure));
+  units.uors_per_sub = 1;
+  EXPECT_FALSE(AreCoarserThanChosen(units, {{0, 0, 420, 300}, 4, 2000}));
 }
 
 TEST(WorkingUnitsTest, AreTakenAsGiven) {
