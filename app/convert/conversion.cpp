@@ -84,6 +84,7 @@ class Conversion {
       to_pair.units = UnitsOf(source.GetHeader());
     }
     DesignSource source(file_.input, options_.from_design);
+    to_pair.resolution = 1.0 / source.GetHeader().UorsPer(options_.from_design.units);
     PairSink sink(Output(), NewOutputs(), source.GetSchema(), to_pair);
     Transfer(source, sink, passes - 1);
   }

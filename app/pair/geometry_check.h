@@ -16,4 +16,11 @@ struct GeometryFacts {
 /// Linear in the vertices.
 [[nodiscard]] GeometryFacts CheckGeometry(const Pelor::MI::WObjBody& object);
 
+/// The significant digits with which coordinates are written.
+inline constexpr int kWrittenDigits = 10;
+
+/// Whether the coordinates of the object, the greatest of which is given, are the same when they are read
+/// again.
+[[nodiscard]] bool KeepsCoordinates(const Pelor::MI::WObjBody& object, double largest);
+
 }  // namespace App

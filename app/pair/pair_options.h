@@ -25,6 +25,8 @@ struct PairOptions {
   /// bounds. Otherwise the pair says none then, which means longitude and latitude.
   Vanth::BoundsXY bounds;
   Pelor::MI::Units units = Pelor::MI::Units_m;
+  /// What the distances of coordinates are multiples of; 0 when unknown.
+  double resolution = 0.0;
 };
 
 /// The version that is written for a number: 1, 2 or 300.

@@ -60,7 +60,8 @@ PairSink::PairSink(const fs::path& name, std::unique_ptr<OutputFiles> files, con
       files_(std::move(files)),
       transcoder_(options.charset, Transcoder::Direction::kFromUtf8),
       values_(transcoder_, UsableDelimiter(options.delimiter)),
-      columns_(SelectColumns(schema.columns, options.columns)) {
+      columns_(SelectColumns(schema.columns, options.columns)),
+      resolution_(options.resolution) {
   const CharsetTraits charset = UsableCharset(options.charset);
   const Tobri::IRefC<MI::CoordSys> system = ChooseSystem(schema, options);
   const fs::path temporary = files_->Add(mif_name_);
@@ -133,6 +134,7 @@ void PairSink::Put(Feature& feature, Account& account) {
     return;
   }
   largest_ = std::max(largest_, facts.largest);
+  if (resolution_ == 0.0 && !is_rounded_) is_rounded_ = !KeepsCoordinates(*feature.object, facts.largest);
   const auto approximated = [&](std::string_view reason) {
     account.Approximated(feature.kind, reason, feature.place, feature.count);
   };
@@ -179,12 +181,14 @@ void PairSink::ThrowIfFailed() const {
   ThrowIfNotWritten(out_.MIDStream(), mid_name_);
 }
 
-// Says so when the ten digits of coordinates do not reach down to thousandths.
+// Says so when the ten digits of coordinates do not reach down to the resolution of the source, or, where
+// that is unknown, have rounded a coordinate.
 void PairSink::StatePrecision(Account& account) const {
-  constexpr double kLeastDigits = 1e7;
-  constexpr int kDigits = 10;
-  if (largest_ < kLeastDigits) return;
-  const double step = std::pow(10.0, std::floor(std::log10(largest_)) + 1 - kDigits);
+  if (!(largest_ > 0.0)) return;
+  const double step = std::pow(10.0, std::floor(std::log10(largest_)) + 1 - kWrittenDigits);
+  // Neither number is exact.
+  const bool is_rounded = resolution_ > 0.0 ? step > resolution_ * 1.001 : is_rounded_;
+  if (!is_rounded) return;
   std::array<char, 32> text = {};
   const char* const end = std::to_chars(text.data(), text.data() + text.size(), step).ptr;
   account.Assume("coordinates are written with ten digits: the largest ones are multiples of " +

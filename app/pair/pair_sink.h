@@ -47,7 +47,9 @@ class PairSink final : public FeatureSink {
   Tobri::String no_value_;
   std::size_t column_count_ = 0;
   std::vector<std::string> assumptions_;
+  double resolution_;
   double largest_ = 0.0;  // coordinate
+  bool is_rounded_ = false;
 };
 
 }  // namespace App

@@ -327,19 +327,56 @@ TEST_F(PairSinkTest, PartsThatTheWriterDropsAreSaid) {
   EXPECT_EQ(Mid(), "1\t\n2\t\n3\t\n");
 }
 
-TEST_F(PairSinkTest, LargeCoordinatesTellTheirPrecision) {
-  Put(Point(9999999.99, 0));
+std::string TenDigits(const std::string& step) {
+  return "thing 1 = 1 + 0\n! coordinates are written with ten digits: the largest ones are multiples of " +
+         step + "\n";
+}
+
+TEST_F(PairSinkTest, CoordinatesOfMoreThanTenDigitsAreSaid) {
+  overwrite = true;
+  for (const double kept : {0.0, 9999999.99, 1e7, -123456789.5, 1e10, 1234567890000.0, 0.1234567891, 1e-9}) {
+    account = Account();
+    Put(Point(kept, 0));
+    EXPECT_EQ(Close(), "thing 1 = 1 + 0\n") << kept;
+  }
+  for (const auto& [rounded, step] :
+       {std::pair{-12345678.125, "0.01"}, std::pair{123456789.25, "0.1"}, std::pair{1234567890.5, "1"},
+        std::pair{12345678901.0, "10"}, std::pair{3500009.079935, "0.001"},
+        std::pair{13.123456789012, "1e-08"}}) {
+    account = Account();
+    Put(Point(1, rounded));
+    EXPECT_EQ(Close(), TenDigits(step));
+  }
+}
+
+TEST_F(PairSinkTest, SmallCoordinatesBesideLargeOnesHaveTenDigitsToo) {
+  MI::WPLineObj line(nullptr, MI::Pen(), false);
+  line->AddPart();
+  line->AddVertex({0.01234567891, 5300000.125});
+  line->AddVertex({1, 1});
+  Put(line);
   EXPECT_EQ(Close(), "thing 1 = 1 + 0\n");
   overwrite = true;
-  for (const auto& [largest, step] : {std::pair{1e7, "0.01"}, std::pair{-12345678.125, "0.01"},
-                                      std::pair{123456789.0, "0.1"}, std::pair{1234567890.5, "1"}}) {
+  account = Account();
+  line->AddVertex({0.012345678912, 1});
+  Put(line);
+  EXPECT_EQ(Close(), TenDigits("0.001"));
+}
+
+TEST_F(PairSinkTest, KnownResolutionIsComparedWithTheDigits) {
+  overwrite = true;
+  options.resolution = 0.0001;
+  for (const auto& [largest, says] : {std::pair{5300000.2501, TenDigits("0.001")},
+                                      std::pair{530000.2501, std::string("thing 1 = 1 + 0\n")}}) {
     account = Account();
     Put(Point(1, largest));
-    EXPECT_EQ(
-        Close(),
-        "thing 1 = 1 + 0\n! coordinates are written with ten digits: the largest ones are multiples of " +
-            std::string(step) + "\n");
+    EXPECT_EQ(Close(), says);
   }
+  // A twelfth of a thousandth: what ten digits round stays nearest to its unit.
+  options.resolution = 1.0 / 12000;
+  account = Account();
+  Put(Point(1, 100000.0 / 12000));
+  EXPECT_EQ(Close(), "thing 1 = 1 + 0\n");
 }
 
 // Files that appear whole or not at all.
