@@ -24,7 +24,8 @@ constexpr int kDigits = 10;
 /// The most that a coordinate holds, whatever it has been read from.
 constexpr int kMostDigits = 15;
 /// The count of units of resolution per master unit is a long in all programs.
-constexpr int kLargestPower = 9;
+constexpr double kMostUors = 1e9;
+constexpr std::int64_t kMostLong = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kSubsPerMaster = 1000;
 
 struct NamesRow {
@@ -39,6 +40,56 @@ constexpr NamesRow kNames[] = {
     {MI::Units_nmi, "nm", "th"}, {MI::Units_SurveyFt, "sf", "th"}, {MI::Units_li, "li", "th"},
     {MI::Units_ch, "ch", "th"},  {MI::Units_rd, "rd", "th"},
 };
+
+/// A unit by the one or two letters that designs have for it, unless those stand for several units.
+struct KnownUnit {
+  std::string_view name;
+  bool is_angle;
+  double size;  // in metres or degrees
+};
+constexpr KnownUnit kKnownUnits[] = {
+    {"um", false, 1e-6},
+    {"mm", false, 1e-3},
+    {"cm", false, 1e-2},
+    {"dm", false, 1e-1},
+    {"m", false, 1.0},
+    {"km", false, 1e3},
+    {"in", false, 0.0254},
+    {"ft", false, 0.3048},
+    {"yd", false, 0.9144},
+    {"mi", false, 1609.344},
+    {"sf", false, 1200.0 / 3937.0},
+    {"li", false, 0.201168},
+    {"ch", false, 20.1168},
+    {"rd", false, 5.0292},
+    {"dg", true, 1.0},
+    {"md", true, 1e-3},
+};
+
+/// In any case; null for a name that nobody knows.
+const KnownUnit* FindKnownUnit(const std::string& name) {
+  const Tobri::String wanted = Tobri::LocStr::LowerCase(Tobri::String(name));
+  const auto* const found =
+      std::find_if(std::begin(kKnownUnits), std::end(kKnownUnits),
+                   [&](const KnownUnit& unit) { return unit.name == std::string_view(wanted); });
+  return found == std::end(kKnownUnits) ? nullptr : found;
+}
+
+/// Sub-units per master unit, if the names say that.
+std::optional<double> TrueRatio(const UnitNames& names) {
+  const KnownUnit* const master = FindKnownUnit(names.master);
+  const KnownUnit* const sub = FindKnownUnit(names.sub);
+  if (master == nullptr || sub == nullptr || master->is_angle != sub->is_angle) return std::nullopt;
+  return master->size / sub->size;
+}
+
+std::optional<std::int32_t> WholeNumber(double ratio) {
+  constexpr double kAlike = 1e-9;
+  constexpr double kMost = 1e9;
+  const double whole = std::round(ratio);
+  if (whole < 1 || whole > kMost || std::fabs(ratio - whole) > kAlike * whole) return std::nullopt;
+  return static_cast<std::int32_t>(whole);
+}
 
 double LargestCoordinate(const Vanth::BoundsXY& extent) {
   return std::max(std::max(std::fabs(extent.Min().x), std::fabs(extent.Max().x)),
@@ -66,10 +117,13 @@ int WantedPower(const MapMeasure& measure) {
   return std::max(kDigits - *first, DecimalsOf(measure) + 1);
 }
 
-/// The largest power of ten at which a character of this size can be written.
-int LetterPower(double letter) {
-  if (!(letter > 0)) return kLargestPower;
-  return static_cast<int>(std::floor(std::log10(kHighest * TextShape::kMultiplierUnit / letter)));
+/// The most units of resolution per master unit at which a character of this size can be written.
+double MostUors(double letter) {
+  return letter > 0 ? kHighest * TextShape::kMultiplierUnit / letter : kMostUors;
+}
+
+Vanth::BoundsXY ExtentOf(const MapMeasure& measure) {
+  return measure.extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : measure.extent;
 }
 
 bool Fits(double low, double high, double uors_per_master, double origin) {
@@ -92,10 +146,24 @@ std::optional<double> Place(double low, double high, double uors_per_master) {
   return std::nullopt;
 }
 
-void SetUorsPerMaster(WorkingUnits& units, std::int32_t uors_per_master, const UnitNames& names) {
+/// Where `names_bind` and they say how many sub-units there are, there are so many.
+void SetUorsPerMaster(WorkingUnits& units, std::int64_t uors_per_master, const UnitNames& names,
+                      bool names_bind) {
+  if (const auto subs = names_bind ? SubsPerMaster(names) : std::nullopt; subs) {
+    if (uors_per_master % *subs != 0 || uors_per_master / *subs > kMostLong) {
+      throw Failure("one " + names.master + " is " + std::to_string(*subs) + " " + names.sub +
+                    ", among which " + std::to_string(uors_per_master) +
+                    " units of resolution cannot be parted; a multiple of " + std::to_string(*subs) + " can");
+    }
+    units.subs_per_master = *subs;
+    units.uors_per_sub = static_cast<std::int32_t>(uors_per_master / *subs);
+    units.master_name = names.master;
+    units.sub_name = names.sub;
+    return;
+  }
   const bool has_subs = uors_per_master % kSubsPerMaster == 0;
   units.subs_per_master = has_subs ? kSubsPerMaster : 1;
-  units.uors_per_sub = uors_per_master / units.subs_per_master;
+  units.uors_per_sub = static_cast<std::int32_t>(uors_per_master / units.subs_per_master);
   units.master_name = names.master;
   units.sub_name = has_subs ? names.sub : names.master;
 }
@@ -136,10 +204,16 @@ std::string PlaneAxis(double uors_per_master, double origin) {
 /// Sets the finest units that fit, by powers of ten; false, with the coarsest, when none do.
 bool FindPower(WorkingUnits& units, const MapMeasure& measure, const UnitNames& names,
                const UnitChoice& choice) {
-  const Vanth::BoundsXY extent = measure.extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : measure.extent;
-  const int best = std::min(WantedPower(measure), LetterPower(measure.letter));
-  for (int power = std::clamp(best, 0, kLargestPower); power >= 0; --power) {
-    SetUorsPerMaster(units, static_cast<std::int32_t>(std::lround(std::pow(10.0, power))), names);
+  const Vanth::BoundsXY extent = ExtentOf(measure);
+  const std::optional<std::int32_t> subs = choice.names ? SubsPerMaster(names) : std::nullopt;
+  const double step = subs.value_or(1);
+  const double wanted = std::pow(10.0, WantedPower(measure));
+  const double most = std::min(kMostUors, MostUors(measure.letter));
+  // The least power that is fine enough, unless it is too fine.
+  double uors = step;
+  while (uors < wanted && uors * 10 <= most) uors *= 10;
+  for (; uors >= step; uors /= 10) {
+    SetUorsPerMaster(units, static_cast<std::int64_t>(uors), names, subs.has_value());
     if (SetOrigin(units, extent, choice)) return true;
   }
   return false;
@@ -173,15 +247,25 @@ UnitNames ParseUnitNames(std::string_view text) {
                     "the sub-unit, as in m,mm");
     }
   }
+  const std::optional<double> ratio = TrueRatio(names);
+  if (ratio && !WholeNumber(*ratio)) {
+    throw Failure("one " + names.master + " is " + PrintedNumber(*ratio) + " " + names.sub +
+                  ": designs have whole numbers of sub-units alone");
+  }
   return names;
 }
 
+std::optional<std::int32_t> SubsPerMaster(const UnitNames& names) {
+  const std::optional<double> ratio = TrueRatio(names);
+  return ratio ? WholeNumber(*ratio) : std::nullopt;
+}
+
 WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names, const UnitChoice& choice) {
-  const Vanth::BoundsXY extent = measure.extent.IsEmpty() ? Vanth::BoundsXY(0, 0, 0, 0) : measure.extent;
+  const Vanth::BoundsXY extent = ExtentOf(measure);
   const UnitNames& used_names = choice.names ? *choice.names : names;
   WorkingUnits units;
   if (choice.uors_per_master) {
-    SetUorsPerMaster(units, *choice.uors_per_master, used_names);
+    SetUorsPerMaster(units, *choice.uors_per_master, used_names, choice.names.has_value());
     if (!SetOrigin(units, extent, choice)) ThrowDoesNotFit(units, extent);
     return units;
   }
@@ -191,19 +275,24 @@ WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names, cons
 
 WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
   WorkingUnits changed = units;
-  if (choice.uors_per_master) {
-    if (*choice.uors_per_master % units.subs_per_master == 0) {
-      changed.uors_per_sub = *choice.uors_per_master / units.subs_per_master;
+  if (choice.uors_per_master || choice.names) {
+    const UnitNames names = choice.names.value_or(UnitNames{units.master_name, units.sub_name});
+    const std::int64_t subs = units.subs_per_master;
+    const std::int64_t uors_per_master =
+        choice.uors_per_master ? *choice.uors_per_master : subs * units.uors_per_sub;
+    const bool names_bind = choice.names && SubsPerMaster(names);
+    if (!names_bind && uors_per_master % subs == 0) {
+      changed.uors_per_sub = static_cast<std::int32_t>(uors_per_master / subs);
+      changed.master_name = names.master;
+      changed.sub_name = names.sub;
     } else {
-      SetUorsPerMaster(changed, *choice.uors_per_master, {units.master_name, units.sub_name});
+      SetUorsPerMaster(changed, uors_per_master, names, true);
     }
+  }
+  if (choice.uors_per_master) {
     const double factor = changed.UorsPerMaster() / units.UorsPerMaster();
     changed.origin_x = std::round(units.origin_x * factor);
     changed.origin_y = std::round(units.origin_y * factor);
-  }
-  if (choice.names) {
-    changed.master_name = choice.names->master;
-    changed.sub_name = choice.names->sub;
   }
   if (choice.middle) {
     changed.origin_x = -std::round(choice.middle->x * changed.UorsPerMaster());

@@ -39,8 +39,13 @@ struct UnitNames {
 };
 /// By the map's coordinate system, which may be null.
 [[nodiscard]] UnitNames NamesOf(const Tobri::IRefC<Pelor::MI::CoordSys>& system);
-/// Of "MASTER" or "MASTER,SUB", each one or two ASCII characters. Throws `Failure` for other texts.
+/// Of "MASTER" or "MASTER,SUB", each one or two ASCII characters. Throws `Failure` for other texts, and for
+/// known units of which no whole number makes the other.
 [[nodiscard]] UnitNames ParseUnitNames(std::string_view text);
+
+/// How many sub-units a master unit has, when the names are of known units of one kind, and that is a whole
+/// number.
+[[nodiscard]] std::optional<std::int32_t> SubsPerMaster(const UnitNames& names);
 
 /// What the units of a map depend on.
 struct MapMeasure {
@@ -52,22 +57,24 @@ struct MapMeasure {
 
 /// What the user wants of the units; the rest is chosen.
 struct UnitChoice {
-  std::optional<std::int32_t> uors_per_master;  ///< positive
+  /// Positive; a multiple of the sub-units per master unit, where those are known by the names.
+  std::optional<std::int32_t> uors_per_master;
   std::optional<UnitNames> names;
   /// The map coordinates that stand in the middle of the design plane.
   std::optional<Vanth::PointXY> middle;
 };
 
-/// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten:
-/// where there is room, a tenth of the last of ten significant digits of the largest coordinate, or of the
-/// fifteen that coordinates have at most, else as fine as the extent and the largest characters allow, as the
-/// size of a text is limited.
-/// The plane is moved, by a round number, only when the extent needs it. Throws `Failure`, with the numbers,
-/// when the extent cannot fit.
+/// Units in which the extent of the map fits the design plane. What `choice` leaves open is a power of ten,
+/// by the sub-units of the names that it has: where there is room, a tenth of the last of ten significant
+/// digits of the largest coordinate, or of the fifteen that coordinates have at most, else as fine as the
+/// extent and the largest characters allow, as the size of a text is limited. The plane is moved, by a round
+/// number, only when the extent needs it. Throws `Failure`, with the numbers, when the extent cannot fit, and
+/// when units of resolution cannot be parted among the sub-units.
 [[nodiscard]] WorkingUnits ChooseUnits(const MapMeasure& measure, const UnitNames& names,
                                        const UnitChoice& choice);
 
-/// Units as a design has them already, changed to what `choice` says.
+/// Units as a design has them already, changed to what `choice` says. Throws `Failure`, with the numbers,
+/// when units of resolution cannot be parted among the sub-units.
 [[nodiscard]] WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice);
 
 /// Whether the units keep the last digit of every coordinate, of fifteen significant ones at most.

@@ -106,13 +106,46 @@ TEST(WorkingUnitsTest, AreComparedWithThoseThatWouldBeChosen) {
 TEST(WorkingUnitsTest, AreTakenAsGiven) {
   UnitChoice choice;
   choice.uors_per_master = 120;
-  choice.names = ParseUnitNames("ft,in");
+  choice.names = ParseUnitNames("ft,tf");
   choice.middle = Vanth::PointXY{1000, -2000};
   EXPECT_EQ(Describe(ChooseUnits({{0, 0, 10, 10}}, kMetres, choice)),
             "1 ft per ft x 120 from -120000, 240000");
   choice.uors_per_master = 12000;
   EXPECT_EQ(Describe(ChooseUnits({{0, 0, 10, 10}}, kMetres, choice)),
-            "1000 in per ft x 12 from -12000000, 24000000");
+            "1000 tf per ft x 12 from -12000000, 24000000");
+}
+
+TEST(WorkingUnitsTest, HaveAsManySubUnitsAsTheirNamesSay) {
+  UnitChoice choice;
+  const auto chosen = [&](const char* names, std::optional<std::int32_t> uors) {
+    choice.names = ParseUnitNames(names);
+    choice.uors_per_master = uors;
+    return Describe(ChooseUnits({{0, 0, 100, 100}, 2}, kMetres, choice));
+  };
+  EXPECT_EQ(chosen("m,cm", 1000), "100 cm per m x 10 from 0, 0");
+  EXPECT_EQ(chosen("FT,IN", 1200), "12 IN per FT x 100 from 0, 0");
+  EXPECT_EQ(chosen("ft,ft", 7), "1 ft per ft x 7 from 0, 0");
+  EXPECT_EQ(chosen("m,cm", {}), "100 cm per m x 100000 from 0, 0");
+  EXPECT_EQ(chosen("ft,in", {}), "12 in per ft x 1000000 from 0, 0");
+  EXPECT_EQ(chosen("dg,md", {}), "1000 md per dg x 10000 from 0, 0");
+  EXPECT_EQ(FailureText([&] { (void)chosen("ft,in", 1000); }),
+            "one ft is 12 in, among which 1000 units of resolution cannot be parted; a multiple of 12 can");
+  // The plane ends at 2147483 m.
+  EXPECT_EQ(
+      FailureText([&] {
+        choice = {};
+        choice.names = ParseUnitNames("m,mm");
+        (void)ChooseUnits({{0, 0, 4e7, 1}}, kMetres, choice);
+      }),
+      "the extent of the map, 0 to 40000000 by 0 to 1 m, does not fit: at 1000 units of resolution per m "
+      "the design plane reaches from -2147483.648 to 2147483.647 by -2147483.648 to 2147483.647 m");
+}
+
+TEST(WorkingUnitsTest, LeaveRoomForCharactersInUnitsOfAnyNames) {
+  UnitChoice choice;
+  choice.names = ParseUnitNames("ft,in");
+  EXPECT_EQ(Describe(ChooseUnits({{0, 0, 420, 300}, 2, 100}, kMetres, choice)),
+            "12 in per ft x 10000 from 0, 0");
 }
 
 TEST(WorkingUnitsTest, RefuseAnExtentThatCannotFit) {
@@ -162,9 +195,35 @@ TEST(WorkingUnitsTest, ChangeOnlyWhatIsAskedFor) {
   choice.uors_per_master = 1200;
   EXPECT_EQ(Describe(ChangeUnits(seed, choice)), "10 tf per ft x 120 from -2400, 0");
   choice.uors_per_master = 15;
-  choice.names = UnitNames{"yd", "in"};
+  choice.names = UnitNames{"yd", "ty"};
   choice.middle = Vanth::PointXY{2, 4};
-  EXPECT_EQ(Describe(ChangeUnits(seed, choice)), "1 in per yd x 15 from -30, -60");
+  EXPECT_EQ(Describe(ChangeUnits(seed, choice)), "1 yd per yd x 15 from -30, -60");
+  seed.origin_x = -0.25;
+  EXPECT_EQ(ChangeUnits(seed, {}).origin_x, -0.25);
+  EXPECT_EQ(ChangeUnits(seed, {.uors_per_master = {}, .names = UnitNames{"yd", "ty"}, .middle = {}}).origin_x,
+            -0.25);
+}
+
+TEST(WorkingUnitsTest, OfASeedHaveAsManySubUnitsAsTheirNamesSay) {
+  WorkingUnits seed;
+  seed.subs_per_master = 12;
+  seed.uors_per_sub = 100;
+  seed.master_name = "ft";
+  seed.sub_name = "in";
+  UnitChoice choice;
+  choice.uors_per_master = 1000;
+  EXPECT_EQ(FailureText([&] { (void)ChangeUnits(seed, choice); }),
+            "one ft is 12 in, among which 1000 units of resolution cannot be parted; a multiple of 12 can");
+  choice.names = ParseUnitNames("m,mm");
+  EXPECT_EQ(Describe(ChangeUnits(seed, choice)), "1000 mm per m x 1 from 0, 0");
+  choice.uors_per_master = {};
+  EXPECT_EQ(
+      FailureText([&] { (void)ChangeUnits(seed, choice); }),
+      "one m is 1000 mm, among which 1200 units of resolution cannot be parted; a multiple of 1000 can");
+  // Too many for a long.
+  seed.uors_per_sub = 2000000000;
+  choice.names = ParseUnitNames("m,m");
+  EXPECT_NE(FailureText([&] { (void)ChangeUnits(seed, choice); }), "");
 }
 
 TEST(UnitNamesTest, FollowTheCoordinateSystem) {
@@ -188,6 +247,20 @@ TEST(UnitNamesTest, AreOneOrTwoLettersEach) {
                   "\" names no units; give one or two letters for the master unit and, behind a comma, for "
                   "the sub-unit, as in m,mm");
   }
+}
+
+TEST(UnitNamesTest, OfKnownUnitsAreWholeNumbersOfEachOther) {
+  EXPECT_EQ(SubsPerMaster({"km", "mm"}), 1000000);
+  EXPECT_EQ(SubsPerMaster({"mi", "ft"}), 5280);
+  EXPECT_EQ(SubsPerMaster({"yd", "in"}), 36);
+  EXPECT_EQ(SubsPerMaster({"ch", "li"}), 100);
+  EXPECT_EQ(SubsPerMaster({"ft", "th"}), std::nullopt);
+  EXPECT_EQ(SubsPerMaster({"dg", "m"}), std::nullopt);
+  EXPECT_EQ(SubsPerMaster({"m", "ft"}), std::nullopt);
+  EXPECT_EQ(FailureText([] { (void)ParseUnitNames("m,ft"); }),
+            "one m is 3.280839895 ft: designs have whole numbers of sub-units alone");
+  EXPECT_EQ(FailureText([] { (void)ParseUnitNames("mm,m"); }),
+            "one mm is 0.001 m: designs have whole numbers of sub-units alone");
 }
 
 TEST(HeaderElementTest, HoldsUnitsThatAllReadersSee) {
