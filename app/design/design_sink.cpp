@@ -83,12 +83,14 @@ DesignSink::Start DesignSink::Settle(const std::filesystem::path& design, Output
     files.AddInput(options.seed);
     start.seed = Seed::Read(options.seed);
   }
+  const UnitNames names = NamesOf(schema.system);
+  start.map_unit = names.master;
   try {
     if (start.seed) {
       start.units = ChangeUnits(start.seed->units, options.units);
       ThrowUnlessFits(start.units, extent.Get());
     } else {
-      start.units = ChooseUnits(extent.Measure(), NamesOf(schema.system), options.units);
+      start.units = ChooseUnits(extent.Measure(), names, options.units);
     }
   } catch (const Failure& failure) {
     throw Failure(design.string() + " cannot be written: " + failure.what());
@@ -193,6 +195,10 @@ void DesignSink::StateAssumptions(Account& account) const {
   account.Assume("working units: " + PrintedNumber(units.subs_per_master) + " " + units.sub_name + " per " +
                  units.master_name + ", " + PrintedNumber(units.uors_per_sub) + " units of resolution per " +
                  units.sub_name);
+  if (AreDifferentUnits(start_.map_unit, units.master_name)) {
+    account.Assume("the coordinates of the map, in " + start_.map_unit + ", are taken for " +
+                   units.master_name + " as they are");
+  }
   if (!start_.keeps_all_digits) {
     account.Assume("coordinates are rounded to " + PrintedNumber(1.0 / units.UorsPerMaster()) + " " +
                    units.master_name);

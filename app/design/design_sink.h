@@ -56,6 +56,7 @@ class DesignSink final : public FeatureSink {
   struct Start {
     std::optional<Seed> seed;
     WorkingUnits units;
+    std::string map_unit;
     bool keeps_all_digits = true;
     double largest_move = std::numeric_limits<double>::infinity();
   };

@@ -234,6 +234,12 @@ UnitNames NamesOf(const Tobri::IRefC<MI::CoordSys>& system) {
   return {"mu", "su"};
 }
 
+bool AreDifferentUnits(const std::string& a, const std::string& b) {
+  const KnownUnit* const one = FindKnownUnit(a);
+  const KnownUnit* const other = FindKnownUnit(b);
+  return one != nullptr && other != nullptr && one != other;
+}
+
 UnitNames ParseUnitNames(std::string_view text) {
   const std::size_t comma = text.find(',');
   UnitNames names;

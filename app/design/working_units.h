@@ -39,6 +39,8 @@ struct UnitNames {
 };
 /// By the map's coordinate system, which may be null.
 [[nodiscard]] UnitNames NamesOf(const Tobri::IRefC<Pelor::MI::CoordSys>& system);
+/// Whether both names are of known units that differ.
+[[nodiscard]] bool AreDifferentUnits(const std::string& a, const std::string& b);
 /// Of "MASTER" or "MASTER,SUB", each one or two ASCII characters. Throws `Failure` for other texts, and for
 /// known units of which no whole number makes the other.
 [[nodiscard]] UnitNames ParseUnitNames(std::string_view text);

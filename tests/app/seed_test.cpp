@@ -69,6 +69,20 @@ TEST(SeedTest, IsCopiedAndGivesItsUnits) {
   EXPECT_EQ(conversion.Bytes().size() % 512, 0U);
 }
 
+TEST(SeedTest, OtherUnitsThanTheMapsAreSaid) {
+  const auto said = [](const UnitChoice& units) {
+    SinkConversion conversion;
+    conversion.options.units = units;
+    conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes());
+    return conversion.Add(TwoParts()).Run().account.GetAssumptions();
+  };
+  const std::vector<std::string> in_feet = said({});
+  ASSERT_EQ(in_feet.size(), 2U);
+  EXPECT_EQ(in_feet[1], "the coordinates of the map, in m, are taken for ft as they are");
+  EXPECT_EQ(said({.uors_per_master = {}, .names = UnitNames{"m", "x"}, .middle = {}}).size(), 1U);
+  EXPECT_EQ(said({.uors_per_master = {}, .names = UnitNames{"xx", "x"}, .middle = {}}).size(), 1U);
+}
+
 TEST(SeedTest, ItsUnitsCanBeReplaced) {
   SinkConversion conversion;
   conversion.options.units = {};

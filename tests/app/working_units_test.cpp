@@ -237,6 +237,15 @@ TEST(UnitNamesTest, FollowTheCoordinateSystem) {
   EXPECT_EQ(NamesOf(nullptr).master, "mu");
 }
 
+TEST(UnitNamesTest, AreDifferentWhenBothAreKnown) {
+  EXPECT_TRUE(AreDifferentUnits("m", "ft"));
+  EXPECT_TRUE(AreDifferentUnits("ft", "sf"));
+  EXPECT_TRUE(AreDifferentUnits("dg", "M"));
+  EXPECT_FALSE(AreDifferentUnits("m", "M"));
+  EXPECT_FALSE(AreDifferentUnits("m", "mu"));
+  EXPECT_FALSE(AreDifferentUnits("mu", "m"));
+}
+
 TEST(UnitNamesTest, AreOneOrTwoLettersEach) {
   EXPECT_EQ(ParseUnitNames("m,mm").master, "m");
   EXPECT_EQ(ParseUnitNames("m,mm").sub, "mm");
