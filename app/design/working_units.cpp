@@ -227,7 +227,7 @@ std::string PrintedNumber(double value) {
 }
 
 UnitNames NamesOf(const Tobri::IRefC<MI::CoordSys>& system) {
-  const MI::Units units = system ? system->units : MI::Units_Unknown;
+  const MI::Units units = system ? system->units : MI::Units_deg;
   for (const NamesRow& row : kNames) {
     if (row.units == units) return {row.master, row.sub};
   }

@@ -37,7 +37,7 @@ struct UnitNames {
   std::string master;
   std::string sub;  ///< a thousandth of the master unit
 };
-/// By the map's coordinate system, which may be null.
+/// By the map's coordinate system; maps without one are in longitude and latitude.
 [[nodiscard]] UnitNames NamesOf(const Tobri::IRefC<Pelor::MI::CoordSys>& system);
 /// Whether both names are of known units that differ.
 [[nodiscard]] bool AreDifferentUnits(const std::string& a, const std::string& b);

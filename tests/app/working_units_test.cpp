@@ -234,7 +234,12 @@ TEST(UnitNamesTest, FollowTheCoordinateSystem) {
   EXPECT_EQ(master(MI::Units_km), "km");
   EXPECT_EQ(master(MI::Units_SurveyFt), "sf");
   EXPECT_EQ(master(MI::Units_deg), "dg");
-  EXPECT_EQ(NamesOf(nullptr).master, "mu");
+  EXPECT_EQ(master(MI::Units_Unknown), "mu");
+}
+
+TEST(UnitNamesTest, OfAMapWithoutACoordinateSystemAreDegrees) {
+  EXPECT_EQ(NamesOf(nullptr).master, "dg");
+  EXPECT_EQ(NamesOf(nullptr).sub, "md");
 }
 
 TEST(UnitNamesTest, AreDifferentWhenBothAreKnown) {
