@@ -21,6 +21,7 @@ constexpr std::string_view kEmptyText = "a text without characters";
 constexpr std::string_view kPartLeftOut = "part of too few vertices left out";
 constexpr std::string_view kNearestColor = "colour replaced by the nearest one of the colour table";
 constexpr std::string_view kInvisiblePen = "invisible pen drawn";
+constexpr std::string_view kLinePattern = "line pattern replaced by the nearest line style";
 constexpr std::string_view kFillPattern = "fill pattern left out";
 constexpr std::string_view kFlattened = "rounded corners flattened";
 constexpr std::string_view kCutPath =
@@ -258,7 +259,11 @@ ObjectWriter::Style ObjectWriter::LineStyleOf(const MI::Pen& pen, const ObjectLo
   Style style = PlainStyle(pen.color, look);
   style.line_style = static_cast<std::uint8_t>(LineStyle(pen.pattern));
   style.weight = static_cast<std::uint8_t>(LineWeight(pen));
-  if (pen.pattern == kInvisiblePattern) Note(kInvisiblePen);
+  if (pen.pattern == kInvisiblePattern) {
+    Note(kInvisiblePen);
+  } else if (!HasLineStyle(pen)) {
+    Note(kLinePattern);
+  }
   return style;
 }
 

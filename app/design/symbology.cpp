@@ -35,6 +35,12 @@ int PenPattern(int style) noexcept {
   return style >= 0 && style < static_cast<int>(std::size(kPatterns)) ? kPatterns[style] : kSolid;
 }
 
+bool HasLineStyle(const MI::Pen& pen) noexcept {
+  if (pen.pattern == kSolid) return true;
+  return !pen.interleaved &&
+         std::find(std::begin(kPatterns), std::end(kPatterns), pen.pattern) != std::end(kPatterns);
+}
+
 int LineStyle(int pen_pattern) noexcept {
   const auto* const exact = std::find(std::begin(kPatterns), std::end(kPatterns), pen_pattern);
   if (exact != std::end(kPatterns)) return static_cast<int>(exact - std::begin(kPatterns));

@@ -28,6 +28,8 @@ struct Symbology {
 
 /// The pen pattern of a line style; unknown ones are solid.
 [[nodiscard]] int PenPattern(int style) noexcept;
+/// Whether a line style draws the pattern of the pen as it is; a solid line has nothing to interleave.
+[[nodiscard]] bool HasLineStyle(const Pelor::MI::Pen& pen) noexcept;
 /// The line style closest to a pen pattern.
 [[nodiscard]] int LineStyle(int pen_pattern) noexcept;
 /// A weight draws one pixel more than its number. Pens of more than 7 pixels are given in tenths of a point,

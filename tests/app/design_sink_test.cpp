@@ -1,11 +1,13 @@
 #include "app/design/color_table.h"
 #include "app/design/design_header.h"
 #include "app/design/linkage.h"
+#include "app/design/symbology.h"
 #include <pelor/dgn.h>
 #include <pelor/mi.h>
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <tests/app/failure_text.h>
 #include <tests/app/sink_conversion.h>
@@ -335,6 +337,28 @@ TEST(DesignSinkTest, SaysWhatStylesLose) {
   EXPECT_EQ(reasons.at("invisible pen drawn").places.at(0).number, 1);
   EXPECT_EQ(reasons.at("fill pattern left out").places.at(0).number, 2);
   EXPECT_FALSE(ReadLinkages(conversion.Drawing().at(1).Attributes()).fill_color.has_value());
+}
+
+TEST(DesignSinkTest, CountsLinePatternsThatNoStyleDraws) {
+  const auto pen = [](int pattern, bool interleaved = false) {
+    return MI::Pen{1, pattern, 0, MI::SLUnits_Pixel, interleaved};
+  };
+  SinkConversion conversion;
+  conversion.Add(Line(0, 0, 1, 1, pen(26)));
+  conversion.Add(Line(0, 0, 1, 1, pen(10)));
+  conversion.Add(PLine({{{0, 0}, {1, 1}}}, false, pen(59)));
+  conversion.Add(MI::WRectObj({0, 0, 1, 1}, nullptr, pen(77), {1, 0, -1}));
+  conversion.Add(Line(0, 0, 1, 1, pen(3, true)));
+  for (int style = 0; style < 8; ++style) conversion.Add(Line(0, 0, 1, 1, pen(PenPattern(style))));
+  conversion.Add(Line(0, 0, 1, 1, pen(2, true)));
+  conversion.Run();
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  ASSERT_EQ(reasons.size(), 1U);
+  EXPECT_EQ(reasons.at("line pattern replaced by the nearest line style").count, 5);
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  const unsigned styles[] = {0, 3, 0, 0, 1, 0, 1, 2, 3, 4, 5, 6, 7, 0};
+  ASSERT_EQ(drawing.size(), std::size(styles));
+  for (std::size_t i = 0; i < drawing.size(); ++i) EXPECT_EQ(drawing[i].Header().Style(), styles[i]) << i;
 }
 
 TEST(DesignSinkTest, HidesTheBorderOfAnAreaWithoutOne) {

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <tests/app/design_elements.h>
 #include <tests/dgn/words.h>
@@ -429,6 +430,17 @@ TEST(SymbologyTest, PenPatternsGoThereAndBack) {
   EXPECT_EQ(LineStyle(15), 4);
   EXPECT_EQ(LineStyle(25), 6);
   EXPECT_EQ(LineStyle(77), 0);
+}
+
+TEST(SymbologyTest, OnlyThePatternsOfTheEightStylesHaveAStyle) {
+  const std::set<int> patterns = {2, 3, 6, 8, 14, 5, 20, 16};
+  for (int pattern = 0; pattern < 128; ++pattern) {
+    MI::Pen pen;
+    pen.pattern = pattern;
+    EXPECT_EQ(HasLineStyle(pen), patterns.contains(pattern)) << pattern;
+    pen.interleaved = true;
+    EXPECT_EQ(HasLineStyle(pen), pattern == 2) << pattern;
+  }
 }
 
 TEST(SymbologyTest, WeightsGoThereAndBack) {
