@@ -136,10 +136,12 @@ void PrintLine(std::ostream& out, const FileResult& result) {
 }  // namespace
 
 std::int64_t CountFindings(const Account& account) {
-  std::int64_t findings = account.GetApproximated();
+  std::int64_t findings = 0;
   for (const auto& [name, kind] : account.GetKinds()) {
-    for (const auto& [reason, entry] : kind.skip_reasons) {
-      if (!Reason::IsExpected(reason)) findings += entry.count;
+    for (const Account::Reasons* reasons : {&kind.skip_reasons, &kind.approximation_reasons}) {
+      for (const auto& [reason, entry] : *reasons) {
+        if (!Reason::IsExpected(reason)) findings += entry.count;
+      }
     }
   }
   return findings;

@@ -80,9 +80,21 @@ void DesignSource::SayWhatIsAssumed() {
 
 void DesignSource::PopGroups(std::size_t left) {
   while (groups_.size() > left) {
-    CountGroup(groups_.back(), Reason::kNoComponents);
+    CountGroup(groups_.back(), WhyNothingGiven(groups_.back()));
     groups_.pop_back();
   }
+}
+
+// Of a group none of whose components was given: nothing is lost when the user has not asked for any of them.
+std::string_view DesignSource::WhyNothingGiven(const Group& group) noexcept {
+  const std::string_view reason = group.left_out.empty() ? group.not_chosen : group.left_out;
+  return !reason.empty() && Reason::IsExpected(reason) ? reason : Reason::kNoComponents;
+}
+
+// Tells a group why something in it was skipped. A loss counts for more than what was not chosen.
+void DesignSource::LeaveOut(Group& group, std::string_view reason) noexcept {
+  if (group.is_counted || group.left_out == reason) return;
+  if (group.left_out.empty() || !Reason::IsExpected(reason)) group.left_out = reason;
 }
 
 // Counts the header of a group as skipped, or as written when there is no reason to.
@@ -91,9 +103,11 @@ void DesignSource::CountGroup(Group& group, std::string_view skip_reason) {
   group.is_counted = true;
   if (skip_reason.empty()) {
     account_->Written(group.kind);
-  } else {
-    account_->Skipped(group.kind, skip_reason, group.place);
+    if (group.is_boundary) account_->Approximated(group.kind, Reason::kBoundary, group.place);
+    return;
   }
+  account_->Skipped(group.kind, skip_reason, group.place);
+  for (Group& outer : groups_) LeaveOut(outer, skip_reason);
 }
 
 // Opens a group with the element that the facts tell of as its header.
@@ -108,6 +122,8 @@ void DesignSource::PushGroup(const ComponentRun& run, std::string cell) {
   group.is_type_chosen = options_.types.Contains(static_cast<unsigned>(facts_.type)) ||
                          (!groups_.empty() && groups_.back().is_type_chosen);
   group.is_deleted = facts_.is_deleted;
+  group.is_boundary = facts_.type == DGN::SurfaceType || facts_.type == DGN::SolidType;
+  group.not_chosen = WhyNotChosen();
   groups_.push_back(std::move(group));
   Group& pushed = groups_.back();
   if (pushed.is_deleted && !options_.with_deleted) {
@@ -191,6 +207,9 @@ bool DesignSource::ConvertByType(const ElementView& element, const ComponentRun&
 }
 
 bool DesignSource::SkipWithoutGraphics(const ElementView& element, const ComponentRun& run) {
+  const auto lost = [this](std::string_view reason) {
+    return options_.types.Contains(static_cast<unsigned>(facts_.type)) ? reason : Reason::kOtherType;
+  };
   switch (facts_.type) {
     case DGN::DigitizerSetupType:
     case DGN::DesignHeaderType:
@@ -203,17 +222,17 @@ bool DesignSource::SkipWithoutGraphics(const ElementView& element, const Compone
       return Skip(Reason::kApplicationData);
     case DGN::CellLibraryHeaderType:
     case DGN::SubfigureType:
-      return Skip(Reason::kLibraryData);
+      return Skip(lost(Reason::kLibraryData));
     case DGN::RasterHeaderType:
     case DGN::TextArrayType:
     case DGN::TextStackType:
-      Skip(Reason::kNoCounterpart);
+      Skip(lost(Reason::kNoCounterpart));
       SkipComponents(run);
       return false;
     default:
       break;
   }
-  return Skip(IsDisplayed(facts_.type) ? Reason::kShortHeader : Reason::kUnknownType);
+  return Skip(lost(IsDisplayed(facts_.type) ? Reason::kShortHeader : Reason::kUnknownType));
 }
 
 // --- cells and what is like them
@@ -255,8 +274,6 @@ bool DesignSource::ConvertCell(const ElementView& element, const ComponentRun& r
 bool DesignSource::ConvertSurface(const ComponentRun& run) {
   if (groups_.size() >= kDeepest) return Skip(Reason::kTooDeep);
   PushGroup(run, std::string());
-  Group& group = groups_.back();
-  if (!group.is_counted) account_->Approximated(group.kind, Reason::kBoundary, group.place);
   return false;
 }
 
@@ -305,7 +322,7 @@ bool DesignSource::ConvertCellWithHoles(const ComponentRun& run) {
     }
     path_.BeginPart();
     if (facts.type == DGN::ComplexShapeType) {
-      JoinComponents(inner);
+      (void)JoinComponents(inner);
     } else if (piece_.Read(component, path_settings_)) {
       if (facts.type == DGN::EllipseType) Note(Reason::kFlattened);
       (void)path_.Join(piece_);  // with nothing before it in its part
@@ -344,6 +361,7 @@ void DesignSource::Note(std::string_view reason) {
 
 bool DesignSource::Skip(std::string_view reason) {
   account_->Skipped(facts_.Kind(), reason, facts_.place);
+  for (Group& group : groups_) LeaveOut(group, reason);
   return false;
 }
 

@@ -82,7 +82,10 @@ class DesignSource : public FeatureSource {
     Place place;
     bool is_type_chosen = false;
     bool is_deleted = false;
-    bool is_counted = false;  // in the account already
+    bool is_boundary = false;     // a surface or solid, which is given as its boundary
+    bool is_counted = false;      // in the account already
+    std::string_view not_chosen;  // why the header itself was not chosen; empty when it was
+    std::string_view left_out;    // why components were skipped; empty when none was
   };
 
   void FindColors();
@@ -90,6 +93,8 @@ class DesignSource : public FeatureSource {
   void PopGroups(std::size_t left);
   void PushGroup(const ComponentRun& run, std::string cell);
   void CountGroup(Group& group, std::string_view skip_reason);
+  [[nodiscard]] static std::string_view WhyNothingGiven(const Group& group) noexcept;
+  static void LeaveOut(Group& group, std::string_view reason) noexcept;
   void SkipComponents(const ComponentRun& run);
 
   // Each of these takes the element, which is the current one, and its components; true when it gave a
@@ -114,7 +119,7 @@ class DesignSource : public FeatureSource {
   bool NextOfPointString();
   bool GiveLine(std::span<const Vanth::PointXY> points);
   bool GiveArea();
-  void JoinComponents(const ComponentRun& run);
+  int JoinComponents(const ComponentRun& run);
   [[nodiscard]] bool ReadSpline(const ElementView& header, int& components);
   [[nodiscard]] bool IsCellWithHoles(const ComponentRun& run);
   [[nodiscard]] bool IsLeftOut(const ElementView& component) const noexcept {

@@ -144,8 +144,10 @@ bool DesignSource::GiveArea() {
 bool DesignSource::ConvertComplex(const ComponentRun& run) {
   path_.Clear();
   path_.BeginPart();
-  JoinComponents(run);
-  if (path_.Part(0).empty()) return Skip(Reason::kNoComponents);
+  const int left_out = JoinComponents(run);
+  if (path_.Part(0).empty()) {
+    return Skip(left_out != 0 && notes_.empty() ? Reason::kDeleted : Reason::kNoComponents);
+  }
   if (facts_.type == DGN::ComplexShapeType) {
     path_.CloseExactly();
     return GiveArea();
@@ -154,9 +156,10 @@ bool DesignSource::ConvertComplex(const ComponentRun& run) {
   return GiveLine(path_.Part(0));
 }
 
-// Adds the components to the last part of the path.
-void DesignSource::JoinComponents(const ComponentRun& run) {
+// Adds the components to the last part of the path. Gives how many are deleted and were not asked for.
+int DesignSource::JoinComponents(const ComponentRun& run) {
   int components = 0;
+  int left_out = 0;
   while (cursor_.Peek() && run.Takes(cursor_.Element(), cursor_.GetPlace())) {
     const ElementView& component = cursor_.Element();
     const DGN::EType type = component.Type();
@@ -170,7 +173,10 @@ void DesignSource::JoinComponents(const ComponentRun& run) {
     } else if (type != DGN::BSplinePoleType) {
       is_read = piece_.Read(component, path_settings_);
     }
-    if (is_left_out) continue;
+    if (is_left_out) {
+      ++left_out;
+      continue;
+    }
     if (!is_read) {
       Note(Reason::kLostComponents);
       continue;
@@ -179,6 +185,7 @@ void DesignSource::JoinComponents(const ComponentRun& run) {
     if (!path_.Join(piece_)) Note(Reason::kGap);
   }
   if (components < run.Told()) Note(Reason::kLostComponents);
+  return left_out;
 }
 
 bool DesignSource::ConvertSpline(const ElementView& element) {

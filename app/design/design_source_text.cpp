@@ -134,12 +134,16 @@ bool DesignSource::ConvertTextNode(const ComponentRun& run) {
   NodePlace place;
   bool has_lines = false;
   int components = 0;
+  int left_out = 0;
   text_.clear();
   while (cursor_.Peek() && run.Takes(cursor_.Element(), cursor_.GetPlace())) {
     const ElementView& component = cursor_.Element();
     cursor_.Take();
     ++components;
-    if (IsLeftOut(component)) continue;
+    if (IsLeftOut(component)) {
+      ++left_out;
+      continue;
+    }
     const auto line = TextView::Decode(component);
     if (!line) {
       Note(Reason::kLostComponents);
@@ -161,7 +165,7 @@ bool DesignSource::ConvertTextNode(const ComponentRun& run) {
     }
   }
   if (components < run.Told()) Note(Reason::kLostComponents);
-  if (!has_lines) return Skip(Reason::kNoCharacters);
+  if (!has_lines) return Skip(left_out != 0 && notes_.empty() ? Reason::kDeleted : Reason::kNoCharacters);
   maker_.Text(*feature_, place.Get(), text_, facts_.symbology);
   return Give(text_);
 }

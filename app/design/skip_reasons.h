@@ -46,10 +46,11 @@ inline constexpr std::string_view kMixedLines = "lines of different size or dire
 inline constexpr std::string_view kPartOutside = "some of its points outside the window";
 inline constexpr std::string_view kBoundary = "given as its boundary and rule elements";
 
-/// Whether an element that was skipped for this reason is missed by nobody.
+/// Whether what was left out for this reason is missed by nobody.
 [[nodiscard]] constexpr bool IsExpected(std::string_view reason) noexcept {
-  constexpr std::string_view kExpected[] = {kHeaderData, kGroupData,  kApplicationData, kDeleted,
-                                            kOtherType,  kOtherLevel, kOtherClass,      kOutside};
+  constexpr std::string_view kExpected[] = {kHeaderData, kGroupData, kApplicationData,
+                                            kDeleted,    kOtherType, kOtherLevel,
+                                            kOtherClass, kOutside,   kPartOutside};
   return std::find(std::begin(kExpected), std::end(kExpected), reason) != std::end(kExpected);
 }
 

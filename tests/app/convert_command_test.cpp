@@ -217,6 +217,16 @@ TEST_F(ConvertCommandTest, StrictWritesNothingThatIsNotAll) {
   EXPECT_EQ(Convert({"/a.dgn", "-o", "/out.mif", "--strict"}).exit_code, kDone);
 }
 
+TEST_F(ConvertCommandTest, WhatWasNotChosenIsNotMissed) {
+  for (const std::vector<std::string>& choice : std::vector<std::vector<std::string>>{
+           {"--level", "2"}, {"--type", "line-string"}, {"--window", "0.2,0.2,1,1"}}) {
+    std::vector<std::string> arguments = {"/a.dgn", "-o", "/out.mif", "--strict", "--overwrite"};
+    arguments.insert(arguments.end(), choice.begin(), choice.end());
+    const ConvertRun run = Convert(arguments);
+    EXPECT_EQ(run.exit_code, kDone) << choice[0] << run.err;
+  }
+}
+
 TEST_F(ConvertCommandTest, ADryRunWritesNothing) {
   const Set before = Names();
   const ConvertRun run = Convert({"/a.dgn", "/b.mif", "/c.mif", "--out-dir", "/out", "--dry-run"});

@@ -472,6 +472,56 @@ TEST(DesignSourceTest, ChoosesComponentsByTheirTypeOrTheCells) {
             "Cell Header 1=0+1" + other_type + "; Line 1=1+0; Shape 1=0+1" + other_type);
 }
 
+TEST(DesignSourceTest, AGroupOfWhichNothingWasChosenIsNotLost) {
+  const std::string line = Line(0, 0, 1, 1, true);
+  const std::string damaged = Component(4, "0003 " + Longs({0, 0, 1, 1}));
+  const std::string surface = Complex(18, 2, line + line);
+  DesignOptions level;
+  level.levels = ParseLevels("7");
+  const std::string other_level = " skipped{on a level that was not chosen ";
+  EXPECT_EQ(Convert(Cell(kTree, line + line), level).Counts(),
+            "Cell Header 1=0+1" + other_level + "1}; Line 2=0+2" + other_level + "2}");
+  EXPECT_EQ(Convert(Cell(kTree, Cell(kTree, line, true)), level).Counts(),
+            "Cell Header 2=0+2" + other_level + "2}; Line 1=0+1" + other_level + "1}");
+  EXPECT_EQ(
+      Convert(Cell(kTree, Cell(kUnnamed, Square(0, 0, 9) + Square(2, 2, 3, true), true)), level).Counts(),
+      "Cell Header 2=0+2" + other_level + "2}");
+  EXPECT_EQ(Convert(Cell(kTree, ""), level).Counts(), "Cell Header 1=0+1" + other_level + "1}");
+  EXPECT_EQ(Convert(surface, level).Counts(),
+            "Line 2=0+2" + other_level + "2}; Surface 1=0+1" + other_level + "1}");
+
+  DesignOptions window;
+  window.window = Vanth::BoundsXY(1, 1, 2, 2);
+  EXPECT_EQ(Convert(Cell(kTree, line), window).Counts(),
+            "Cell Header 1=0+1 skipped{outside the window 1}; Line 1=0+1 skipped{outside the window 1}");
+  EXPECT_EQ(Convert(Cell(kTree, damaged + line), window).Counts(),
+            "Cell Header 1=0+1 skipped{no component that could be used 1}; "
+            "Line 1=0+1 skipped{outside the window 1}; "
+            "Line String 1=0+1 skipped{damaged: holds less than it tells 1}");
+  EXPECT_EQ(Convert(Cell(kTree, line + damaged), window).Counts(),
+            Convert(Cell(kTree, damaged + line), window).Counts());
+  EXPECT_EQ(Convert(Cell(kTree, Cell(kTree, "", true) + line), window).Counts(),
+            "Cell Header 2=0+2 skipped{no component that could be used 2}; "
+            "Line 1=0+1 skipped{outside the window 1}");
+
+  const std::string deleted =
+      ElementBytes({.type = 3, .body = Longs({0, 0, 1, 1}), .component = true, .deleted = true});
+  EXPECT_EQ(Convert(Cell(kTree, deleted)).Counts(),
+            "Cell Header 1=0+1 skipped{deleted 1}; Line 1=0+1 skipped{deleted 1}");
+  EXPECT_EQ(Convert(Complex(12, 1, deleted)).Counts(), "Complex String 1=0+1 skipped{deleted 1}");
+  EXPECT_EQ(Convert(Complex(12, 2, deleted)).Counts(),
+            "Complex String 1=0+1 skipped{no component that could be used 1}");
+}
+
+TEST(DesignSourceTest, WhatIsOfAnotherTypeIsNotLostWhateverItIs) {
+  DesignOptions options;
+  options.types = ParseElementTypes("line");
+  const std::string other_type = " 1=0+1 skipped{of a type that was not chosen 1}";
+  EXPECT_EQ(Convert(dgn_test::Words("0100 0002 0000*2 5700 0000 6300 0000"), options).Counts(),
+            "Cell Library Header" + other_type + "; Raster Header" + other_type + "; Unknown Entity (99)" +
+                other_type);
+}
+
 TEST(DesignSourceTest, ChoosesWhatTouchesTheWindow) {
   DesignOptions options;
   options.window = Vanth::BoundsXY(1, 1, 2, 2);
@@ -608,6 +658,7 @@ TEST(DesignSourceTest, KnowsWhichReasonsLoseNothing) {
   EXPECT_TRUE(Reason::IsExpected(Reason::kHeaderData));
   EXPECT_TRUE(Reason::IsExpected(Reason::kDeleted));
   EXPECT_TRUE(Reason::IsExpected("outside the window"));
+  EXPECT_TRUE(Reason::IsExpected(Reason::kPartOutside));
   EXPECT_FALSE(Reason::IsExpected(Reason::kDamaged));
   EXPECT_FALSE(Reason::IsExpected(Reason::kSharedCell));
 }
