@@ -149,7 +149,8 @@ void ConvertArguments::AddTo(CLI::App& command) {
   to_design("--unit", unit_, "the names of the units, such as m,mm", "MASTER[,SUB]");
   to_design("--origin", origin_, "the map coordinates in the middle of the design plane", "X,Y");
   to_design("--seed", seed_, "start from this design: its units, colours and settings", "FILE");
-  to_design("--key", key_, "the column with the keys of the rows (usual: the number of the row)", "COLUMN");
+  to_design("--key", key_,
+            "the column with the keys of the rows, 1 to 2147483647 (usual: the number of the row)", "COLUMN");
   to_design("--set-level", set_level_, "the level of all elements, 0 to 63 (usual: 1)", "N");
   to_design("--level-column", level_column_, "the column with the levels of the elements", "COLUMN");
   to_design("--set-color", set_color_, "the colour of all elements, 0 to 255 (usual: the pen's)", "N");

@@ -1,6 +1,7 @@
 #include "app/design/design_sink.h"
 
 #include "app/design/header_element.h"
+#include "app/design/linkage.h"
 #include "app/io/failure.h"
 
 #include <charconv>
@@ -14,10 +15,10 @@ namespace MI = Pelor::MI;
 
 namespace {
 
-/// The entity number of the table's rows.
-constexpr std::uint16_t kEntity = 1;
+/// The databases that the keys are for, and the columns of pairs, hold signed numbers.
+constexpr std::uint32_t kHighestKey = std::numeric_limits<std::int32_t>::max();
 
-constexpr std::string_view kNoKey = "without a key: its value is no whole number from 0 to 4294967295";
+constexpr std::string_view kNoKey = "without a key: its value is no whole number from 1 to 2147483647";
 constexpr std::string_view kNoLevel = "level of all elements: its value is no whole number from 0 to 63";
 constexpr std::string_view kNoColor = "colour of the object: its value is no whole number from 0 to 255";
 
@@ -129,7 +130,7 @@ void DesignSink::Put(Feature& feature, Account& account) {
   }
 
   ObjectLook look = LookOf(feature);
-  if (key) look.linkages.AddDatabase(kEntity, *key);
+  if (key) look.linkages.AddDatabase(kTableEntity, *key);
   const std::string_view reason = objects_.Write(*feature.object, look);
   if (!reason.empty()) {
     account.Skipped(feature.kind, reason, feature.place, feature.count);
@@ -167,9 +168,12 @@ void DesignSink::Close(Account& account) {
 
 std::optional<std::uint32_t> DesignSink::KeyOf(const Feature& feature) {
   if (!key_column_) return rows_;
-  const auto key =
-      WholeNumber<std::uint32_t>(ValueOf(feature, *key_column_), std::numeric_limits<std::uint32_t>::max());
-  if (!key) notes_.push_back(kNoKey);
+  const auto key = WholeNumber<std::uint32_t>(ValueOf(feature, *key_column_), kHighestKey);
+  if (!key || *key == 0) {
+    notes_.push_back(kNoKey);
+    return std::nullopt;
+  }
+  if (!keys_.Insert(*key)) rows_of_same_key_ += repeated_keys_.Insert(*key) ? 2 : 1;
   return key;
 }
 
@@ -205,6 +209,13 @@ void DesignSink::StateAssumptions(Account& account) const {
   }
   if (rows_without_object_ != 0) {
     account.Assume("rows without an object are in the table alone: " + std::to_string(rows_without_object_));
+  }
+  if (start_.seed && start_.seed->has_keys) {
+    account.Assume(
+        "elements of the seed carry keys of entity 1, too: those may be keys of rows of the table");
+  }
+  if (rows_of_same_key_ != 0) {
+    account.Assume("rows whose key another row has as well: " + std::to_string(rows_of_same_key_));
   }
   if (has_points_)
     account.Assume("points are lines without length: of their symbols, colour and size remain");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/convert/feature.h"
+#include "app/convert/key_set.h"
 #include "app/design/csv_table.h"
 #include "app/design/design_extent.h"
 #include "app/design/design_output.h"
@@ -26,7 +27,8 @@ struct DesignSinkOptions {
   UnitChoice units;
   /// The design to start from; empty for none.
   std::filesystem::path seed;
-  /// The column with the keys of the rows; empty: rows are numbered from 1.
+  /// The column with the keys of the rows, whole numbers from 1 to 2147483647; empty: rows are numbered
+  /// from 1.
   std::string key_column;
   std::uint8_t level = 1;    ///< of all elements, unless a column says it
   std::string level_column;  ///< whole numbers from 0 to 63
@@ -88,6 +90,10 @@ class DesignSink final : public FeatureSink {
   std::vector<std::string_view> notes_;  // on the look of the feature at hand
   std::uint32_t rows_ = 0;
   std::int64_t rows_without_object_ = 0;
+  // Of the key column.
+  KeySet keys_;
+  KeySet repeated_keys_;
+  std::int64_t rows_of_same_key_ = 0;
   bool has_points_ = false;
   bool has_texts_ = false;
 };

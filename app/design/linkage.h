@@ -15,6 +15,9 @@ struct DatabaseKey {
   friend bool operator==(const DatabaseKey&, const DatabaseKey&) = default;
 };
 
+/// The entity of the table that is written beside a design.
+inline constexpr std::uint16_t kTableEntity = 1;
+
 /// One attribute linkage.
 struct Linkage {
   enum class Kind : std::uint8_t {

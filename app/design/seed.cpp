@@ -4,6 +4,7 @@
 #include "app/design/design_header.h"
 #include "app/design/element_view.h"
 #include "app/design/header_element.h"
+#include "app/design/linkage.h"
 #include "app/io/failure.h"
 #include "app/io/input_kind.h"
 #include "app/io/library_name.h"
@@ -30,6 +31,18 @@ std::vector<char> CurrentElement(DGN::File& file) {
   file.EBodyRPosition(-static_cast<long>(DGN::EHeader::kBytes));
   file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   return bytes;
+}
+
+/// Whether one of the element's linkages names a row of the entity of a design's table.
+bool HasKey(const ElementView& element) {
+  LinkageWalker walker(element.Attributes());
+  Linkage linkage;
+  while (walker.Next(linkage)) {
+    const bool is_database =
+        linkage.kind == Linkage::Kind::kDatabase4 || linkage.kind == Linkage::Kind::kDatabase8;
+    if (is_database && linkage.database.entity == kTableEntity) return true;
+  }
+  return false;
 }
 
 WorkingUnits UnitsOf(const DesignHeader& header) {
@@ -76,7 +89,11 @@ Seed Seed::Read(const std::filesystem::path& path) {
         (*seed.colors)[i] = table[static_cast<std::uint8_t>(i)];
       }
     } else if (DGN::TypeClass(type) == DGN::Displayable) {
-      seed.last_graphic_group = std::max(seed.last_graphic_group, file.GetDEHeader().graphic_group);
+      const DGN::DEHeader header = file.GetDEHeader();
+      seed.last_graphic_group = std::max(seed.last_graphic_group, header.graphic_group);
+      if (header.HasAttributes() && !seed.has_keys) {
+        seed.has_keys = HasKey(ElementView(CurrentElement(file), false));
+      }
     }
   }
   if (!file.AtEnd()) Refuse(path, "it ends without an end word");

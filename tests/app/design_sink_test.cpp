@@ -407,10 +407,49 @@ TEST(DesignSinkTest, TakesLevelColorAndKeyFromColumns) {
   EXPECT_EQ(drawing.at(1).Header().Color(), 3U);
   const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
   EXPECT_EQ(reasons.size(), 3U);
-  EXPECT_EQ(reasons.at("without a key: its value is no whole number from 0 to 4294967295").count, 1);
+  EXPECT_EQ(reasons.at("without a key: its value is no whole number from 1 to 2147483647").count, 1);
   EXPECT_EQ(reasons.at("level of all elements: its value is no whole number from 0 to 63").count, 1);
   EXPECT_EQ(reasons.at("colour of the object: its value is no whole number from 0 to 255").count, 1);
   EXPECT_EQ(conversion.Table(), "mslink,ID,Lvl,Col\r\n70000,70000,63, 255 \r\n,x,64,-1\r\n");
+}
+
+TEST(DesignSinkTest, TakesKeysThatASignedNumberHolds) {
+  SinkConversion conversion;
+  conversion.schema.columns = {{"ID", MI::Integer_t(), 0}};
+  conversion.options.key_column = "ID";
+  for (const char* key : {"1", "2147483647", "0", "2147483648", "3000000000", "-1"}) {
+    conversion.Add(Line(0, 0, 1, 1), {key});
+  }
+  conversion.Run();
+  const std::vector<ElementView> drawing = conversion.Drawing();
+  EXPECT_EQ(ReadLinkages(drawing.at(0).Attributes()).database, (DatabaseKey{1, 1}));
+  EXPECT_EQ(ReadLinkages(drawing.at(1).Attributes()).database, (DatabaseKey{1, 2147483647}));
+  for (std::size_t i = 2; i < 6; ++i) EXPECT_FALSE(drawing.at(i).Header().HasAttributes()) << i;
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  const Account::Entry& entry =
+      reasons.at("without a key: its value is no whole number from 1 to 2147483647");
+  EXPECT_EQ(entry.count, 4);
+  EXPECT_EQ(entry.places.at(0).number, 3);
+  EXPECT_EQ(conversion.Table(),
+            "mslink,ID\r\n1,1\r\n2147483647,2147483647\r\n,0\r\n,2147483648\r\n,3000000000\r\n,-1\r\n");
+}
+
+TEST(DesignSinkTest, SaysHowManyRowsHaveAKeyThatAnotherRowHas) {
+  const auto said = [](const std::vector<const char*>& keys) {
+    SinkConversion conversion;
+    conversion.schema.columns = {{"ID", MI::Integer_t(), 0}};
+    conversion.options.key_column = "ID";
+    for (const char* key : keys) conversion.Add(Point(0, 0), {key});
+    conversion.Run();
+    std::string sentence;
+    for (const std::string& assumption : conversion.account.GetAssumptions()) {
+      if (assumption.starts_with("rows whose key")) sentence += assumption;
+    }
+    return sentence;
+  };
+  EXPECT_EQ(said({"7", "8", "2147483647", "x", "x", "0", "0"}), "");
+  EXPECT_EQ(said({"7", "8", " 7"}), "rows whose key another row has as well: 2");
+  EXPECT_EQ(said({"7", "8", "7", "9", "7", "8"}), "rows whose key another row has as well: 5");
 }
 
 TEST(DesignSinkTest, RefusesAColumnThatIsNotThere) {

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <tests/app/design_elements.h>
 #include <tests/app/failure_text.h>
@@ -23,7 +24,7 @@ namespace MI = Pelor::MI;
 constexpr std::string_view kEndWord("\xFF\xFF", 2);
 
 /// A header of 10 x 12 units with its origin at (-240, 0), and a line of graphic group 41.
-std::string SeedBytes(bool with_colors = false) {
+std::string SeedBytes(bool with_colors = false, const LinkageWords& linkages = {}) {
   WorkingUnits units;
   units.subs_per_master = 10;
   units.uors_per_sub = 12;
@@ -37,7 +38,7 @@ std::string SeedBytes(bool with_colors = false) {
     colors[77] = 0x0000FE;
     Palette(colors).Write(bytes);
   }
-  ElementWriter(bytes).Line({.graphic_group = 41}, {1, 2}, {3, 4}, {});
+  ElementWriter(bytes).Line({.graphic_group = 41}, {1, 2}, {3, 4}, linkages);
   return std::string(bytes.View()) + std::string(kEndWord) + "garbage";
 }
 
@@ -112,6 +113,27 @@ TEST(SeedTest, ItsColorTableIsKept) {
   EXPECT_EQ(elements[3].Header().Color(), 77U);
   const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
   EXPECT_EQ(reasons.at("colour replaced by the nearest one of the colour table").count, 1);
+}
+
+TEST(SeedTest, KeysOfItsOwnAreTold) {
+  const auto is_told = [](const LinkageWords& linkages) {
+    SinkConversion conversion;
+    conversion.options.units = {};
+    conversion.options.seed = conversion.folder.Write("seed.dgn", SeedBytes(false, linkages));
+    conversion.Add(TwoParts()).Run();
+    const std::vector<std::string>& said = conversion.account.GetAssumptions();
+    return std::count(said.begin(), said.end(),
+                      "elements of the seed carry keys of entity 1, too: those may be keys of rows of the "
+                      "table") == 1;
+  };
+  LinkageWords linkages;
+  EXPECT_FALSE(is_told(linkages));
+  linkages.AddFill(7);
+  linkages.AddDatabase(1, 4711);
+  EXPECT_TRUE(is_told(linkages));
+  LinkageWords other;
+  other.AddDatabase(2, 4711);
+  EXPECT_FALSE(is_told(other));
 }
 
 TEST(SeedTest, AnExtentBeyondItsPlaneIsRefused) {
