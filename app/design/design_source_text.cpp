@@ -63,6 +63,11 @@ TextPlace PlaceOf(const TextView& text, std::size_t characters) noexcept {
   return place;
 }
 
+// Whether a text of one line will be read as two: interchange files know no other sense of \ and n.
+bool LooksBroken(std::string_view line) noexcept {
+  return line.find(kLineBreak) != std::string_view::npos;
+}
+
 bool IsMirrored(const TextView& text) noexcept {
   return (text.char_width < 0.0) != (text.char_height < 0.0);
 }
@@ -126,6 +131,7 @@ bool DesignSource::ConvertText(const ElementView& element) {
     Note(Reason::kHeight);
   }
   if (IsMirrored(*text)) Note(Reason::kMirrored);
+  if (LooksBroken(text_)) Note(Reason::kLineBreak);
   maker_.Text(*feature_, PlaceOf(*text, characters), text_, facts_.symbology);
   return Give(text_);
 }
@@ -150,7 +156,9 @@ bool DesignSource::ConvertTextNode(const ComponentRun& run) {
       continue;
     }
     if (has_lines) text_ += kLineBreak;
+    const std::size_t begin = text_.size();
     const std::size_t characters = decoder_.Append(line->characters, text_);
+    if (LooksBroken(std::string_view(text_).substr(begin))) Note(Reason::kLineBreak);
     if (!place.Add(PlaceOf(*line, characters))) Note(Reason::kMixedLines);
     if (!has_lines) {
       // The node itself is not drawn: it looks like its texts.

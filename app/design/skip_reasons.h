@@ -42,6 +42,7 @@ inline constexpr std::string_view kNoArea = "too few points for an area, given a
 inline constexpr std::string_view kLostRing = "rings of too few points left out";
 inline constexpr std::string_view kShortCurve = "too few points for a curve, given as a straight line string";
 inline constexpr std::string_view kMirrored = "mirrored text given unmirrored";
+inline constexpr std::string_view kLineBreak = "a backslash before n in its text: a line break in a pair";
 inline constexpr std::string_view kMixedLines = "lines of different size or direction given alike";
 inline constexpr std::string_view kPartOutside = "some of its points outside the window";
 inline constexpr std::string_view kBoundary = "given as its boundary and rule elements";

@@ -194,6 +194,20 @@ TEST(DesignTextTest, GivesTheLinesOfANodeAsOneTextWithLineBreaks) {
   EXPECT_EQ(result.Counts(), "Text 1=1+0; Text Node 1=1+0");
 }
 
+TEST(DesignTextTest, SaysWhenATextLooksLikeALineBreak) {
+  const std::string reason = " approximated{" + std::string(Reason::kLineBreak) + " 1}";
+  const Conversion text = Convert(TextBytes({.characters = "C:\\new"}) +
+                                  TextBytes({.characters = "C:\\old"}) + TextBytes({.characters = "n\\"}));
+  EXPECT_EQ(text.rows.at(0).back(), "C:\\new") << "as it stands";
+  EXPECT_EQ(text.Counts(), "Text 3=3+0" + reason);
+  const auto node = [](const char* first, const char* second) {
+    return NodeBytes(2, TextBytes({.characters = first, .component = true}) +
+                            TextBytes({.characters = second, .y = 19100, .component = true}));
+  };
+  EXPECT_EQ(Convert(node("A", "B\\nC")).Counts(), "Text Node 1=1+0" + reason);
+  EXPECT_EQ(Convert(node("A", "nB")).Counts(), "Text Node 1=1+0");
+}
+
 TEST(DesignTextTest, FindsTheSpacingOfANode) {
   const auto clause = [](int pitch) {
     const std::string lines = TextBytes({.y = 20000, .component = true}) +
