@@ -1,5 +1,6 @@
 #include "app/design/object_writer.h"
 
+#include "app/convert/arc_sweep.h"
 #include "app/design/flatten.h"
 #include "app/design/symbology.h"
 #include "app/design/uor_point.h"
@@ -23,6 +24,7 @@ constexpr std::string_view kNearestColor = "colour replaced by the nearest one o
 constexpr std::string_view kInvisiblePen = "invisible pen drawn";
 constexpr std::string_view kLinePattern = "line pattern replaced by the nearest line style";
 constexpr std::string_view kFillPattern = "fill pattern left out";
+constexpr std::string_view kEmptyArc = "arc without length given as a point";
 constexpr std::string_view kFlattened = "rounded corners flattened";
 constexpr std::string_view kCutPath =
     "more vertices than an element holds: cut into several of one graphic group";
@@ -136,12 +138,23 @@ std::string_view ObjectWriter::Put(const MI::WArcBody& arc, const ObjectLook& lo
   ArcShape shape;
   shape.ellipse = *ellipse;
   shape.start_degrees = arc.GetStartAngle()(Vanth::Angle::Degrees, Vanth::Angle::Positive);
-  const double end_degrees = arc.GetEndAngle()(Vanth::Angle::Degrees, Vanth::Angle::Positive);
-  shape.sweep_degrees = end_degrees - shape.start_degrees;
-  // Arcs run counter-clockwise, and one that ends where it starts is a whole turn.
-  if (shape.sweep_degrees <= 0) shape.sweep_degrees += 360.0;
+  shape.sweep_degrees = ArcSweepDegrees(arc);
   if (!std::isfinite(shape.sweep_degrees)) return kOffPlane;
+  // To an arc element, no sweep is a whole turn.
+  if (shape.sweep_degrees == 0) return PutStart(arc, look);
   elements_.Arc(LineStyleOf(arc.GetPen(), look), shape, look.linkages);
+  return {};
+}
+
+/// Of an arc that goes nowhere.
+std::string_view ObjectWriter::PutStart(const MI::WArcBody& arc, const ObjectLook& look) {
+  const Vanth::RectXY& rect = arc.GetRect();
+  const double radians = arc.GetStartAngle()(Vanth::Angle::Radians, Vanth::Angle::AsStored);
+  const Vanth::PointXY vertices[] = {{rect.Center().x + std::fabs(rect.Width()) / 2 * std::cos(radians),
+                                      rect.Center().y + std::fabs(rect.Height()) / 2 * std::sin(radians)}};
+  if (!AppendPoints(vertices)) return kOffPlane;
+  Note(kEmptyArc);
+  elements_.Line(LineStyleOf(arc.GetPen(), look), points_[0], points_[0], look.linkages);
   return {};
 }
 

@@ -56,6 +56,7 @@ class ObjectWriter {
   [[nodiscard]] std::string_view Put(const Pelor::MI::WLineBody& line, const ObjectLook& look);
   [[nodiscard]] std::string_view Put(const Pelor::MI::WPLineBody& pline, const ObjectLook& look);
   [[nodiscard]] std::string_view Put(const Pelor::MI::WArcBody& arc, const ObjectLook& look);
+  [[nodiscard]] std::string_view PutStart(const Pelor::MI::WArcBody& arc, const ObjectLook& look);
   [[nodiscard]] std::string_view Put(const Pelor::MI::WEllipseBody& ellipse, const ObjectLook& look);
   [[nodiscard]] std::string_view Put(const Pelor::MI::WRectBody& rect, const ObjectLook& look);
   [[nodiscard]] std::string_view Put(const Pelor::MI::WRRectBody& rect, const ObjectLook& look);

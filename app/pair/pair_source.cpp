@@ -1,5 +1,6 @@
 #include "app/pair/pair_source.h"
 
+#include "app/convert/arc_sweep.h"
 #include "app/io/system_failure.h"
 #include "app/pair/header_fault.h"
 #include "app/pair/header_transform.h"
@@ -61,6 +62,16 @@ bool IsWorthKeeping(const MI::WObjBody& object) {
     default:
       return false;
   }
+}
+
+// The library writes angles within one turn, and measures arcs so: a whole turn would come to nothing.
+void MakeWholeTurnAnEllipse(Feature& feature) {
+  if (feature.object->GetType() != MI::WObjType_Arc) return;
+  const auto& arc = static_cast<const MI::WArcBody&>(*feature.object);
+  if (!IsWholeTurn(arc)) return;
+  MI::Brush empty;
+  empty.pattern = 1;
+  feature.object = MI::WEllipseObj(arc.GetRect(), arc.GetWSys(), arc.GetPen(), empty);
 }
 
 }  // namespace
@@ -199,6 +210,7 @@ void PairSource::TakeObject(Feature& feature, Account& account) {
                          keeps ? "malformed: what could be read is kept" : "malformed: only its row is kept",
                          feature.place);
   }
+  MakeWholeTurnAnEllipse(feature);
   if (has_transform_) ApplyTransform(*feature.object, transform_);
   if (feature.object->GetType() == MI::WObjType_Line) {
     // The library makes a line that says nothing of its pen invisible. Its writers meant the usual pen.

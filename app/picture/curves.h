@@ -12,13 +12,10 @@ namespace App {
 /// How far a drawn chord may lie from its curve, in pixels.
 inline constexpr double kFlatness = 0.02;
 
-/// Where an arc begins and how far it runs counter-clockwise, in radians; the sweep is above 0 and at most a
-/// full turn. An arc that ends where it starts is a full turn.
+/// Where an arc begins and how far it runs counter-clockwise, in radians; the sweep is from 0 to a full turn.
 struct ArcSpan {
   double start = 0.0;
   double sweep = 0.0;
-
-  [[nodiscard]] bool IsFullTurn() const noexcept { return sweep >= 2 * std::numbers::pi - 1e-12; }
 };
 [[nodiscard]] ArcSpan GetArcSpan(const Pelor::MI::WArcBody& arc);
 

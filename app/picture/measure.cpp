@@ -1,6 +1,6 @@
 #include "app/picture/measure.h"
 
-#include "app/picture/curves.h"
+#include "app/convert/arc_sweep.h"
 
 #include <cmath>
 #include <span>
@@ -90,7 +90,7 @@ std::optional<BoundsXY> Measure(const MI::WObjBody& object) {
       ellipse.Add(arc.GetRect());
       if (!ellipse.Result() || !measurer.Result()) return std::nullopt;
       // The arc's own bounds count angles within one turn, so they do not know a full one.
-      const BoundsXY bounds = GetArcSpan(arc).IsFullTurn() ? BoundsXY(arc.GetRect()) : arc.GetBounds();
+      const BoundsXY bounds = IsWholeTurn(arc) ? BoundsXY(arc.GetRect()) : arc.GetBounds();
       measurer.Add(bounds.Min());
       measurer.Add(bounds.Max());
       break;

@@ -126,6 +126,13 @@ TEST_F(ConvertCommandTest, ObjectsOfAPairAreChosenByAWindow) {
   EXPECT_EQ(total["skipped"].get<int>(), 6);
 }
 
+TEST_F(ConvertCommandTest, AnArcOfAWholeTurnIsFoundInItsWindow) {
+  Write("arc.mif", "Version 300\nColumns 1\n A Char(1)\nData\nArc 0 0 10 10 0 360\n");
+  Write("arc.mid", "a\n");
+  EXPECT_EQ(Convert({"/arc.mif", "-o", "/out.mif", "--window", "-1,-1,1,11", "--strict"}).exit_code, kDone);
+  EXPECT_NE(Read("out.mif").find("Ellipse 0 0 10 10"), std::string::npos);
+}
+
 TEST_F(ConvertCommandTest, ADesignIsCopiedInPart) {
   EXPECT_EQ(Convert({"/a.dgn", "-o", "/all.dgn", "--with-deleted"}).exit_code, kDone);
   const std::string original = DesignOfAllKinds();

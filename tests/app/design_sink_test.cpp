@@ -186,7 +186,7 @@ TEST(DesignSinkTest, WritesRectanglesEllipsesAndArcs) {
   conversion.Add(MI::WArcObj({-1, -0.5, 1, 0.5}, Vanth::Angle(350, Vanth::Angle::Degrees),
                              Vanth::Angle(10, Vanth::Angle::Degrees), nullptr, {}));
   conversion.Add(MI::WArcObj({-1, -1, 1, 1}, Vanth::Angle(90, Vanth::Angle::Degrees),
-                             Vanth::Angle(90, Vanth::Angle::Degrees), nullptr, {}));
+                             Vanth::Angle(450, Vanth::Angle::Degrees), nullptr, {}));
   conversion.Run();
   const std::vector<ElementView> drawing = conversion.Drawing();
   ASSERT_EQ(drawing.size(), 4U);
@@ -203,6 +203,22 @@ TEST(DesignSinkTest, WritesRectanglesEllipsesAndArcs) {
   EXPECT_EQ(drawing[2].Header().range, (DGN::CoordsRange(98, -9, 0, 100, 9, 0)));
   EXPECT_EQ(InWords(drawing[3]).substr(5 * 18, 19), Tidy("01EE 6280 07B9 8A00"));
   EXPECT_EQ(conversion.account.GetApproximated(), 0);
+}
+
+TEST(DesignSinkTest, WritesAnArcWithoutLengthAsItsStart) {
+  SinkConversion conversion;
+  conversion
+      .Add(MI::WArcObj({0, 0, 4, 2}, Vanth::Angle(90, Vanth::Angle::Degrees),
+                       Vanth::Angle(90, Vanth::Angle::Degrees), nullptr,
+                       {3, 2, kRed, MI::SLUnits_Pixel, false}))
+      .Run();
+  // As a line from (2, 2) to itself.
+  EXPECT_EQ(InWords(conversion.Drawing().at(0)),
+            Tidy("0301 0020 8000 00C8 8000 00C8 8000 0000 8000 00C8 8000 00C8 8000 0000"
+                 " 0000 000A 0A00 0310 0000 00C8 0000 00C8 0000 00C8 0000 00C8" +
+                 kFirstRow));
+  const auto& reasons = conversion.account.GetKinds().at("object").approximation_reasons;
+  EXPECT_EQ(reasons.at("arc without length given as a point").count, 1);
 }
 
 TEST(DesignSinkTest, FlattensRoundedRectangles) {

@@ -126,6 +126,18 @@ TEST_F(PairSourceTest, LineWithoutAPenHasTheUsualOne) {
       "Line #3@0|3|c\nLine 1 2 3 4\n Pen (3,5,255)\n");
 }
 
+TEST_F(PairSourceTest, ArcOfAWholeTurnIsAnEmptyEllipse) {
+  const Given given = ReadData(
+      "Arc 0 0 10 5 0 360 Pen (3,5,255)\nArc 0 0 10 5 90 450\nArc 0 0 10 5 90 90\nArc 0 0 10 5 350 10\n",
+      "1\ta\n2\tb\n3\tc\n4\td\n");
+  EXPECT_EQ(given.text,
+            "Arc #1@0|1|a\nEllipse 0 0 10 5\n Pen (3,5,255) Brush (1,16777215,0)\n"
+            "Arc #2@0|2|b\nEllipse 0 0 10 5\n Pen (1,2,0) Brush (1,16777215,0)\n"
+            "Arc #3@0|3|c\nArc 0 0 10 5\n 90 90\n Pen (1,2,0)\n"
+            "Arc #4@0|4|d\nArc 0 0 10 5\n 350 10\n Pen (1,2,0)\n");
+  EXPECT_EQ(given.account, "Arc 4 = 4 + 0\n");
+}
+
 TEST_F(PairSourceTest, QuotedValuesHoldDelimitersQuotesAndLineEnds) {
   EXPECT_EQ(ReadData("None\nNone\n", "1\t\"a\tb \"\"c\"\"\"\n2\t\"one\ntwo\"\n").text,
             "None #1@0|1|a\tb \"c\"\nNone\nNone #2@0|2|one\ntwo\nNone\n");

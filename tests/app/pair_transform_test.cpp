@@ -43,6 +43,10 @@ TEST_F(PairTransformTest, StretchedArcsLean) {
   EXPECT_EQ(Transformed("-2,3,0,0", "Arc 0 0 2 2 45 90"), "Arc -4 0 0 6\n 90 123.6900675\n");
 }
 
+TEST_F(PairTransformTest, StretchedWholeTurnsStayWhole) {
+  EXPECT_EQ(Transformed("2,3,0,0", "Arc 0 0 2 2 45 405"), "Ellipse 0 0 4 6\n");
+}
+
 TEST_F(PairTransformTest, KeepsTheCornersOfMirroredBoxesInOrder) {
   EXPECT_EQ(Transformed("1,-1,0,0", "Text \"a\" 1 2 3 4"), "Text \"a\"\n 1 -4 3 -2\n");
   EXPECT_EQ(Transformed("-1,-1,0,0", "Rect 1 2 3 4"), "Rect -3 -4 -1 -2\n");

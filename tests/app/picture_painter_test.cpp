@@ -182,8 +182,17 @@ TEST(PainterTest, ArcsRunCounterClockwiseFromStartToEnd) {
   EXPECT_EQ(across.Ink(0, 0, 125, 100), 0);
 }
 
-TEST(PainterTest, AnArcThatEndsWhereItStartsIsAFullTurn) {
-  for (const char* angles : {"0 360", "90 90", "0 0"}) {
+TEST(PainterTest, AnArcThatEndsWhereItStartsGoesNowhere) {
+  for (const char* angles : {"90 90", "-270 90"}) {
+    const Sheet sheet(std::string("Arc 50 10 130 90\n") + angles + "\nPen (2,2,0)\n");
+    const bool is_whole = std::string_view(angles) != "90 90";
+    EXPECT_EQ(sheet.HasInk(129, 50), is_whole) << angles;
+    EXPECT_EQ(sheet.HasInk(50, 50), is_whole) << angles;
+  }
+}
+
+TEST(PainterTest, AnArcThatEndsATurnAheadIsAFullTurn) {
+  for (const char* angles : {"0 360", "90 450"}) {
     const Sheet sheet(std::string("Arc 50 10 130 90\n") + angles + "\nPen (2,2,0)\n");
     for (const auto& [x, y] : {std::pair{129, 50}, {90, 10}, {50, 50}, {90, 89}}) {
       EXPECT_TRUE(sheet.HasInk(x, y)) << angles << ' ' << x << ' ' << y;
