@@ -18,6 +18,8 @@ class ComponentRun {
 
   /// Whether the element at the place, which follows the header or a component, is one.
   [[nodiscard]] bool Takes(const ElementView& element, const Place& place) const noexcept;
+  /// Where the components end, as the header tells; 0 when it tells that not.
+  [[nodiscard]] std::int64_t End() const noexcept { return end_; }
   /// The number of components that the header tells; 0 when it tells none.
   [[nodiscard]] int Told() const noexcept { return told_; }
 

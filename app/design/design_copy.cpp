@@ -65,6 +65,8 @@ bool DesignCopy::Next(Account& account) {
   out_.FlushIfFull();
   if (is_chosen) {
     account.Written(kind);
+    // The header still tells of what the file's end has taken away.
+    if (cursor_.EndsBefore(run.End())) account.Approximated(kind, Reason::kLostComponents, place);
   } else {
     account.Skipped(kind, reason, place);
   }

@@ -80,7 +80,11 @@ void DesignSource::SayWhatIsAssumed() {
 
 void DesignSource::PopGroups(std::size_t left) {
   while (groups_.size() > left) {
-    CountGroup(groups_.back(), WhyNothingGiven(groups_.back()));
+    Group& group = groups_.back();
+    CountGroup(group, WhyNothingGiven(group));
+    if (group.is_written && cursor_.EndsBefore(group.run.End())) {
+      account_->Approximated(group.kind, Reason::kLostComponents, group.place);
+    }
     groups_.pop_back();
   }
 }
@@ -103,6 +107,7 @@ void DesignSource::CountGroup(Group& group, std::string_view skip_reason) {
   group.is_counted = true;
   if (skip_reason.empty()) {
     account_->Written(group.kind);
+    group.is_written = true;
     if (group.is_boundary) account_->Approximated(group.kind, Reason::kBoundary, group.place);
     return;
   }

@@ -84,6 +84,7 @@ class DesignSource : public FeatureSource {
     bool is_deleted = false;
     bool is_boundary = false;     // a surface or solid, which is given as its boundary
     bool is_counted = false;      // in the account already
+    bool is_written = false;      // and so for its components
     std::string_view not_chosen;  // why the header itself was not chosen; empty when it was
     std::string_view left_out;    // why components were skipped; empty when none was
   };

@@ -31,6 +31,11 @@ class ElementCursor {
 
   /// True when there is a current element: the one that was not taken yet, or else the next one.
   [[nodiscard]] bool Peek();
+  /// Whether the file ends before `position`, as far as its elements are whole.
+  [[nodiscard]] bool EndsBefore(std::int64_t position) {
+    const bool goes_on = Peek() && element_.IsWhole();
+    return !goes_on && position > place_.position;
+  }
   /// Goes past the current element.
   void Take() noexcept { has_element_ = false; }
   /// Goes back to the begin.

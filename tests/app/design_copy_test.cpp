@@ -55,6 +55,9 @@ class DesignCopyTest : public testing::Test {
       for (const auto& [reason, entry] : kind.skip_reasons) {
         text += name + ": " + std::to_string(entry.count) + ' ' + reason + '\n';
       }
+      for (const auto& [reason, entry] : kind.approximation_reasons) {
+        text += name + ", written: " + std::to_string(entry.count) + ' ' + reason + '\n';
+      }
     }
     return text;
   }
@@ -162,6 +165,22 @@ TEST_F(DesignCopyTest, AnElementThatIsCutOffIsLeftOutAndTold) {
   EXPECT_EQ(Copy(design), Padded(whole));
   EXPECT_EQ(account_.GetAssumptions().front(),
             "the file has no end-of-design word: the design ends where the file does");
+}
+
+TEST_F(DesignCopyTest, AComplexElementThatIsCutOffIsTold) {
+  const std::string whole = DesignBytes(ComplexShape(1));
+  const std::string one_component = whole.substr(0, whole.size() - 2 - 52);
+  const std::string told = "Complex Shape, written: 1 components missing or damaged\n";
+  EXPECT_EQ(Copy(whole.substr(0, whole.size() - 2 - 20)), Padded(one_component + "\xFF\xFF"));
+  EXPECT_EQ(Reasons(), told + "Line: 1 cut off by the end of the file\n");
+  EXPECT_EQ(Copy(one_component), Padded(one_component + "\xFF\xFF"));
+  EXPECT_EQ(Reasons(), told);
+  EXPECT_EQ(Copy(one_component + "\xFF\xFF"), Padded(one_component + "\xFF\xFF"));
+  EXPECT_EQ(Reasons(), told);
+  static_cast<void>(Copy(whole + Line(1)));
+  EXPECT_EQ(Reasons(), "");
+  static_cast<void>(Copy(whole.substr(0, whole.size() - 2) + Line(1)));
+  EXPECT_EQ(Reasons(), "");
 }
 
 TEST_F(DesignCopyTest, WhatFollowsTheEndIsNotCopied) {

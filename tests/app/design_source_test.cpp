@@ -673,6 +673,19 @@ TEST(DesignSourceTest, SkipsDamagedElementsAndReadsTheRest) {
   EXPECT_EQ(place.position, 1536);
 }
 
+TEST(DesignSourceTest, SaysWhichCellTheEndOfTheFileCutsOff) {
+  const std::string line = Line(0, 0, 1, 1, true);
+  const std::string cells = Cell(kTree, line) + Cell(kTree, Cell(kTree, line + line, true) + line);
+  const std::string told = " approximated{components missing or damaged ";
+  EXPECT_EQ(Convert(cells).Counts(), "Cell Header 3=3+0; Line 4=4+0");
+  EXPECT_EQ(Convert(cells.substr(0, cells.size() - line.size())).Counts(),
+            "Cell Header 3=3+0" + told + "1}; Line 3=3+0");
+  EXPECT_EQ(Convert(cells.substr(0, cells.size() - 2 * line.size())).Counts(),
+            "Cell Header 3=3+0" + told + "2}; Line 2=2+0");
+  EXPECT_EQ(ConvertFile(app_test::HeaderBytes() + cells.substr(0, cells.size() - 2)).Counts(),
+            "Cell Header 3=3+0" + told + "1}; Line 4=3+1 skipped{cut off by the end of the file 1}");
+}
+
 TEST(DesignSourceTest, DoesWithoutAnEndWordAndSaysSo) {
   std::string bytes = app_test::DesignBytes(Line(0, 0, 1, 1));
   bytes.resize(bytes.size() - 2);
