@@ -31,6 +31,16 @@ std::string NewMark() {
   return ".pelor-" + std::string(digits.data(), static_cast<std::size_t>(end - digits.data()));
 }
 
+// The name of a new file with its folder as that of an existing one is given, so that files that come to
+// stand side by side have names in one folder. A folder that cannot be found stays: making the file will
+// tell.
+fs::path BesideOthers(const fs::path& name) {
+  const fs::path parent = name.parent_path();
+  std::error_code error;
+  const fs::path folder = fs::canonical(parent.empty() ? fs::path(".") : parent, error);
+  return error ? name : folder / name.filename();
+}
+
 void Remove(const fs::path& name) {
   if (!name.empty()) ::unlink(name.c_str());
 }
@@ -64,7 +74,7 @@ fs::path OutputFiles::Add(const fs::path& name) {
     file.replaces = true;
   }
   std::error_code error;
-  file.target = file.replaces ? fs::canonical(name, error) : name;
+  file.target = file.replaces ? fs::canonical(name, error) : BesideOthers(name);
   if (error) throw SystemFailure(name, "cannot be replaced", error.value());
   if (file.target.filename().empty()) throw Failure(name.string() + " does not name a file");
   MakeTemporary(file);

@@ -43,6 +43,22 @@ TEST(OutputFilesTest, TheTemporaryNamesOfAPairDifferInTheExtension) {
   EXPECT_EQ(mif.parent_path(), folder.Path());
 }
 
+TEST(OutputFilesTest, ANewFileBesideAReplacedOneHasItsTemporaryName) {
+  const ScratchFolder folder;
+  fs::create_directory(folder / "store");
+  fs::create_directory_symlink("store", folder / "link");
+  folder.Write("store/a.mif", "old");
+  const fs::path relative = fs::relative(folder.Path());
+  for (const fs::path& where : {folder / "link", relative / "store", relative / "store/../link"}) {
+    OutputFiles outputs(true);
+    const fs::path mif = outputs.Add(where / "a.mif");
+    const fs::path mid = outputs.Add(where / "a.mid");
+    EXPECT_EQ(fs::path(mif).replace_extension(".mid"), mid) << where;
+    outputs.Commit();
+    EXPECT_TRUE(fs::remove(folder / "store/a.mid")) << where;
+  }
+}
+
 TEST(OutputFilesTest, TwoFilesOfOneExtensionHaveTwoTemporaries) {
   const ScratchFolder folder;
   OutputFiles outputs(false);
