@@ -143,11 +143,12 @@ class Planner {
       Refuse(name, failure.what());
       return;
     }
-    const std::optional<Identity> identity = IdentityOf(file.input.path);
-    if (!identity || !inputs_.insert(*identity).second) return;
-    if (const auto mid = IdentityOf(file.input.mid)) inputs_.insert(*mid);
-
     std::error_code error;
+    if (!names_.insert(fs::absolute(file.input.path, error).lexically_normal()).second) return;
+    for (const fs::path& part : {file.input.path, file.input.mid}) {
+      if (const auto identity = IdentityOf(part)) inputs_.insert(*identity);
+    }
+
     const std::uintmax_t bytes = fs::file_size(file.input.path, error);
     if (!error) file.input_bytes = static_cast<std::int64_t>(bytes);
     fs::path output = request_.output;
@@ -225,7 +226,8 @@ class Planner {
 
   const PlanRequest& request_;
   std::vector<PlannedFile> files_;
-  std::set<Identity> inputs_;
+  std::set<fs::path> names_;              // of the inputs, to find those named twice
+  std::set<Identity> inputs_;             // which no output may replace
   std::map<fs::path, fs::path> outputs_;  // and the inputs that they are written from
 };
 

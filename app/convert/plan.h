@@ -50,10 +50,10 @@ struct PlannedFile {
 };
 
 /// Settles what is converted to what, in the order of the inputs; folders give their files sorted by name,
-/// their subfolders kept below `out_dir`. A file named twice, or a pair named by both its files, is planned
-/// once. What cannot be done with one file is its refusal: an unreadable input, an output that exists
-/// (without `overwrite`), that is an input, or that another file is written to. Throws `Failure` where the
-/// request as a whole makes no sense. Writes nothing.
+/// their subfolders kept below `out_dir`. A name given twice, or a pair named by both its files, is planned
+/// once; a link is an input of its own. What cannot be done with one file is its refusal: an unreadable
+/// input, an output that exists (without `overwrite`), that is an input, or that another file is written to.
+/// Throws `Failure` where the request as a whole makes no sense. Writes nothing.
 [[nodiscard]] std::vector<PlannedFile> PlanConversion(const PlanRequest& request);
 
 }  // namespace App

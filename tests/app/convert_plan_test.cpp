@@ -161,6 +161,19 @@ TEST_F(PlanTest, AFileIsPlannedOnceHoweverOftenItIsNamed) {
   EXPECT_EQ(Plan(), (Lines{"a.mif -> out/a.dgn out/a.csv"}));
 }
 
+TEST_F(PlanTest, LinksAreInputsOfTheirOwn) {
+  const fs::path design = Design("in/a.dgn");
+  fs::create_symlink("a.dgn", folder_ / "in/b.dgn");
+  fs::create_hard_link(design, folder_ / "in/c.dgn");
+  request_.inputs = {folder_ / "in"};
+  request_.recursive = true;
+  const Lines planned = {"in/a.dgn -> out/a.mif out/a.mid", "in/b.dgn -> out/b.mif out/b.mid",
+                         "in/c.dgn -> out/c.mif out/c.mid"};
+  EXPECT_EQ(Plan(), planned);
+  request_.inputs = {design, folder_ / "in/b.dgn", folder_ / "in/c.dgn"};
+  EXPECT_EQ(Plan(), planned);
+}
+
 TEST_F(PlanTest, UnreadableInputsAreRefusedAndTheOthersPlanned) {
   request_.inputs = {folder_ / "missing.dgn", Write("v8.dgn", "\xD0\xCF\x11\xE0 and more"), Design("a.dgn")};
   EXPECT_EQ(Plan(), (Lines{"missing.dgn ! missing.dgn does not exist",
