@@ -27,6 +27,9 @@ constexpr std::string_view kUsualCharset = "WindowsLatin1";
 
 constexpr std::string_view kUnknownKind = "unknown object";
 constexpr std::string_view kRowKind = "row";
+constexpr std::string_view kBadStyle = "malformed style clause: the usual style is taken";
+constexpr std::string_view kKeptInPart = "malformed: what could be read is kept";
+constexpr std::string_view kOnlyRow = "malformed: only its row is kept";
 constexpr std::string_view kNoRow = "its row is missing or empty";
 constexpr std::string_view kFewValues = "its row has fewer values than there are columns";
 constexpr std::string_view kManyValues = "its row has more values than there are columns";
@@ -39,6 +42,13 @@ std::string_view LaterKind(const Tobri::String& word) {
   return {};
 }
 
+// Whether a message is about a style clause. The coordinates of its object were read by then.
+bool IsAboutStyle(std::string_view message) {
+  constexpr std::array<std::string_view, 4> kStyles = {"Invalid Pen", "Invalid Brush", "Invalid Symbol",
+                                                       "Invalid Font"};
+  return std::find(kStyles.begin(), kStyles.end(), message) != kStyles.end();
+}
+
 bool HasPart(const MI::WPLineBody& line, std::size_t least) {
   for (int part = 0; part < line.GetNParts(); ++part) {
     if (line.Vertices(part).size() >= least) return true;
@@ -46,7 +56,7 @@ bool HasPart(const MI::WPLineBody& line, std::size_t least) {
   return false;
 }
 
-// Whether there is something to keep of an object whose reading was broken off.
+// Whether there is something to keep of an object whose coordinates may not have been read whole.
 bool IsWorthKeeping(const MI::WObjBody& object) {
   switch (object.GetType()) {
     case MI::WObjType_PLine:
@@ -204,11 +214,13 @@ void PairSource::TakeObject(Feature& feature, Account& account) {
   kind_ = feature.kind;
   account.Read(kind_);
   if (fault_) {
-    const bool keeps = IsWorthKeeping(*feature.object);
-    if (!keeps) feature.object = MI::Build(MI::WObjType_None, schema_.system);
-    account.Approximated(kind_,
-                         keeps ? "malformed: what could be read is kept" : "malformed: only its row is kept",
-                         feature.place);
+    std::string_view reason = kBadStyle;
+    if (!IsAboutStyle(fault_->text)) {
+      const bool keeps = IsWorthKeeping(*feature.object);
+      if (!keeps) feature.object = MI::Build(MI::WObjType_None, schema_.system);
+      reason = keeps ? kKeptInPart : kOnlyRow;
+    }
+    account.Approximated(kind_, reason, feature.place);
   }
   MakeWholeTurnAnEllipse(feature);
   if (has_transform_) ApplyTransform(*feature.object, transform_);

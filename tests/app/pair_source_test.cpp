@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 namespace App {
 namespace {
@@ -225,6 +226,31 @@ TEST_F(PairSourceTest, OfAMalformedObjectWhatCanBeReadIsKept) {
     EXPECT_NE(given.text.find("|2|b\n" + (kept.empty() ? "None\n" : kept) + "Point #3@0|3|c\n"),
               std::string::npos)
         << given.text;
+  }
+}
+
+TEST_F(PairSourceTest, AMalformedStyleLeavesTheObjectWhole) {
+  const std::string area = " Pen (1,2,0) Brush (2,16777215,0)\n";
+  for (const auto& [object, given_for_it] : {
+           std::pair<std::string, std::string>{"Point 1 2\n Symbol (35,0)", "Point 1 2\n Symbol (32,0,8)\n"},
+           {"Line 0 0 1 1\n Pen (1,2)", "Line 0 0 1 1\n Pen (1,2,0)\n"},
+           {"Pline 2\n0 0\n1 1\n Pen (1)", "PLine 2\n 0 0\n 1 1\n Pen (1,2,0)\n"},
+           {"Arc 0 0 2 2 0 90\n Pen x", "Arc 0 0 2 2\n 0 90\n Pen (1,2,0)\n"},
+           {"Rect 0 0 1 1\n Pen (1,2)", "Rect 0 0 1 1\n" + area},
+           {"Rect 0 0 1 1\n Pen (2,3,255)\n Brush (2)",
+            "Rect 0 0 1 1\n Pen (2,3,255) Brush (2,16777215,0)\n"},
+           {"RoundRect 0 0 9 9 1\n Brush (x,0)", "RoundRect 0 0 9 9\n 1\n" + area},
+           {"Ellipse 0 0 1 1\n Brush (2)", "Ellipse 0 0 1 1\n" + area},
+           {"Region 1\n3\n0 0\n4 0\n4 4\n Pen (1,2)",
+            "Region 1\n 4\n 0 0\n 4 0\n 4 4\n 0 0\n Pen (1,2,0)\n Brush (2,16777215,0)\n Center 2 1\n"},
+           {"Text \"a\" 1 2 3 4\n Font (1)", "Text \"a\"\n 1 2 3 4\n Font (\"MS Sans Serif\", 0, 0, 0)\n\n"},
+       }) {
+    const Given given = ReadData("None\n" + object + "\nPoint 5 6\n", "1\ta\n2\tb\n3\tc\n");
+    EXPECT_NE(given.account.find(" ~ malformed style clause: the usual style is taken: 1 (#2@"),
+              std::string::npos)
+        << object << '\n'
+        << given.account;
+    EXPECT_NE(given.text.find("|2|b\n" + given_for_it + "Point #3@0|3|c\n"), std::string::npos) << given.text;
   }
 }
 
