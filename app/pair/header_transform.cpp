@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace App {
 
@@ -61,6 +62,16 @@ void ApplyToRect(MI::WObjBody& object, const MI::Transform& transform) {
 }
 
 }  // namespace
+
+bool ReplaceUnusedFactors(MI::Transform& transform) noexcept {
+  bool replaced = false;
+  for (double* const factor : {&transform.scaleX, &transform.scaleY}) {
+    if (*factor != 0.0) continue;
+    *factor = 1.0;
+    replaced = true;
+  }
+  return replaced;
+}
 
 void ApplyTransform(MI::WObjBody& object, const MI::Transform& transform) {
   switch (object.GetType()) {

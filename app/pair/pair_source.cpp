@@ -142,6 +142,7 @@ void PairSource::ReadSchema() {
   }
   schema_.system = reader_.GetWSys();
   transform_ = reader_.GetTransform();
+  has_unused_factor_ = ReplaceUnusedFactors(transform_);
   has_transform_ = transform_ != MI::Transform();
 }
 
@@ -182,6 +183,9 @@ void PairSource::StateAssumptions(Account& account) const {
   if (!unknown_charset_.empty()) {
     account.Assume("the character set \"" + unknown_charset_ + "\" of " + input_.path.string() +
                    " is unknown: texts are taken as they are");
+  }
+  if (has_unused_factor_) {
+    account.Assume("the transform of " + input_.path.string() + " has a factor of 0, which is taken as 1");
   }
 }
 

@@ -61,6 +61,7 @@ class PairSource final : public FeatureSource {
   std::array<std::string, 10> kinds_;  // by the type of object
   Pelor::MI::Transform transform_;
   bool has_transform_ = false;
+  bool has_unused_factor_ = false;   // in the transform, before it became 1
   std::string unknown_charset_;      // the header's, when nobody knows it
   bool charset_is_assumed_ = false;  // nothing was said about it
   bool has_begun_ = false;

@@ -67,6 +67,16 @@ TEST_F(PairTransformTest, EqualScalesLeaveAnglesExact) {
   EXPECT_EQ(Transformed("0.01,0.01,0,0", "Arc 0 0 1000 1000 12.34 56.78"), "Arc 0 0 10 10\n 12.34 56.78\n");
 }
 
+TEST_F(PairTransformTest, FactorsOfZeroAreNotUsed) {
+  EXPECT_EQ(Transformed("0,0,0,0", "Line 1 2 3 4"), "Line 1 2 3 4\n");
+  EXPECT_EQ(Transformed("0,2,10,20", "Line 1 2 3 4"), "Line 11 24 13 28\n");
+  EXPECT_EQ(Transformed("-1,0,0,0", "Line 1 2 3 4"), "Line -1 2 -3 4\n");
+  const Given given =
+      Read(Write("Version 300\nTransform 0,1,0,0\nColumns 1\n A Char(1)\nData\n\nPoint 1 2\n", "a\n"));
+  EXPECT_EQ(given.account,
+            "Point 1 = 1 + 0\n! the transform of in.mif has a factor of 0, which is taken as 1\n");
+}
+
 TEST_F(PairTransformTest, LeavesNoTransformBehind) {
   const std::string account =
       Copy(Write("Version 300\nTransform 2,2,1,1\nColumns 1\n A Char(1)\nData\n\nPoint 1 2\n", "a\n"));
