@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -83,10 +84,10 @@ class Conversion {
       to_pair.bounds = RoundedOut(Extent(source).Get());
       to_pair.units = UnitsOf(source.GetHeader());
     }
-    DesignSource source(file_.input, options_.from_design);
-    to_pair.resolution = 1.0 / source.GetHeader().UorsPer(options_.from_design.units);
-    PairSink sink(Output(), NewOutputs(), source.GetSchema(), to_pair);
-    Transfer(source, sink, passes - 1);
+    const auto open = [this] { return std::make_unique<DesignSource>(file_.input, options_.from_design); };
+    std::unique_ptr<DesignSource> source = open();
+    to_pair.resolution = 1.0 / source->GetHeader().UorsPer(options_.from_design.units);
+    WritePair(std::move(source), open, to_pair, passes - 1);
   }
 
   void PairToDesign() {
@@ -104,17 +105,18 @@ class Conversion {
     PairSource source(file_.input, options_.charset_in);
     DesignSink sink(Output(), NewOutputs(), source.GetSchema(), extent, to_design);
     Transfer(source, sink, 1);
+    Finish(sink);
   }
 
   void PairToPair() {
-    PairSource source(file_.input, options_.charset_in);
+    const auto open = [this] { return std::make_unique<PairSource>(file_.input, options_.charset_in); };
+    std::unique_ptr<PairSource> source = open();
     PairOptions to_pair = options_.to_pair;
-    const int version = source.GetVersion();
+    const int version = source->GetVersion();
     to_pair.version = options_.version.value_or(version == 1 || version == 2 ? version : kNewestVersion);
-    to_pair.delimiter = options_.delimiter.value_or(source.GetDelimiter());
-    to_pair.charset = options_.charset_out.empty() ? source.GetCharset() : options_.charset_out;
-    PairSink sink(Output(), NewOutputs(), source.GetSchema(), to_pair);
-    Transfer(source, sink, 0);
+    to_pair.delimiter = options_.delimiter.value_or(source->GetDelimiter());
+    to_pair.charset = options_.charset_out.empty() ? source->GetCharset() : options_.charset_out;
+    WritePair(std::move(source), open, to_pair, 0);
   }
 
  private:
@@ -140,6 +142,28 @@ class Conversion {
     return extent;
   }
 
+  // Which delimiter leaves all values as they are shows when they have been written. Where the usual one does
+  // not, which is rare, and the user names none, all is written again with another one.
+  void WritePair(std::unique_ptr<FeatureSource> source, const SourceOpener& reopen, PairOptions to_pair,
+                 int pass_number) {
+    const Account before = account_;
+    {
+      PairSink sink(Output(), NewOutputs(), source->GetSchema(), to_pair);
+      Transfer(*source, sink, pass_number);
+      const std::optional<char> better = options_.delimiter ? std::nullopt : sink.FindBetterDelimiter();
+      if (!better) return Finish(sink);
+      to_pair.delimiter = *better;
+    }
+    account_ = before;
+    account_.Assume("as values hold a quote and the usual delimiter, the delimiter is " +
+                    (to_pair.delimiter == '\t' ? "a tab" : std::string(1, to_pair.delimiter)));
+    progress_.SetPasses(pass_number + 2);
+    source = reopen();
+    PairSink sink(Output(), NewOutputs(), source->GetSchema(), to_pair);
+    Transfer(*source, sink, pass_number + 1);
+    Finish(sink);
+  }
+
   void Transfer(FeatureSource& source, FeatureSink& sink, int pass_number) {
     Feature feature;
     Pass pass(progress_, pass_number);
@@ -151,6 +175,9 @@ class Conversion {
         account_.Skipped(feature.kind, Reason::kOutside, feature.place, feature.count);
       }
     }
+  }
+
+  void Finish(FeatureSink& sink) {
     ThrowIfStrict();
     sink.Close(account_);
   }

@@ -4,6 +4,7 @@
 #include <pelor/mi.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,6 +44,9 @@ class FeatureSource {
   [[nodiscard]] virtual std::int64_t Current() const = 0;
   [[nodiscard]] virtual std::int64_t Total() const = 0;
 };
+
+/// Gives a new source that stands before its first feature, each time.
+using SourceOpener = std::function<std::unique_ptr<FeatureSource>()>;
 
 /// Takes features. Nothing stands under the output's final name before `Close` has returned; a sink that is
 /// destroyed without it leaves no trace. Throws `Failure` when it cannot go on.

@@ -176,6 +176,15 @@ void PairSink::Close(Account& account) {
   StatePrecision(account);
 }
 
+std::optional<char> PairSink::FindBetterDelimiter() const {
+  constexpr std::string_view kDelimiters = "\t;|,~^#@!";
+  if (values_.GetChanged() == 0) return std::nullopt;
+  for (const char delimiter : kDelimiters) {
+    if (values_.WouldKeepAll(delimiter)) return delimiter;
+  }
+  return std::nullopt;
+}
+
 void PairSink::ThrowIfFailed() const {
   ThrowIfNotWritten(out_.MIFStream(), mif_name_);
   ThrowIfNotWritten(out_.MIDStream(), mid_name_);

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,10 @@ class PairSink final : public FeatureSink {
 
   void Put(Feature& feature, Account& account) override;
   void Close(Account& account) override;
+
+  /// A delimiter with which no value would have been changed so far. Nothing when none was, and when there is
+  /// no such delimiter.
+  [[nodiscard]] std::optional<char> FindBetterDelimiter() const;
 
  private:
   [[nodiscard]] Tobri::IRefC<Pelor::MI::CoordSys> ChooseSystem(const Schema& schema,

@@ -31,6 +31,7 @@ const Tobri::String& ValueWriter::Fit(const Tobri::String& value) {
   std::string_view text = value;
   const unsigned specials = SpecialsOf(text);
   const bool has_quote = (specials & kQuote) != 0;
+  if (has_quote) NoteBesideQuotes(text);
   if ((specials & kLineEnd) != 0 || (has_quote && (specials & kDelimiter) != 0)) {
     plain_ = text;
     Replace(specials);
@@ -38,6 +39,7 @@ const Tobri::String& ValueWriter::Fit(const Tobri::String& value) {
   }
   const std::string_view converted = transcoder_.Convert(text);
   if (has_quote) {
+    NoteBesideQuotes(converted);
     // A delimiter may have come anew, as a part of a character of several bytes.
     if (converted.find(delimiter_) == std::string_view::npos) {
       // The library writes a value without the delimiter as it is, so the quotes are made here.
@@ -59,6 +61,10 @@ unsigned ValueWriter::SpecialsOf(std::string_view value) const noexcept {
   unsigned specials = 0;
   for (const char c : value) specials |= specials_[static_cast<unsigned char>(c)];
   return specials;
+}
+
+void ValueWriter::NoteBesideQuotes(std::string_view text) noexcept {
+  for (const char c : text) beside_quotes_[static_cast<unsigned char>(c)] = true;
 }
 
 // Makes a line end one blank. Beside a quote, it makes the delimiter a blank as well: the library's writer

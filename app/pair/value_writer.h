@@ -22,17 +22,23 @@ class ValueWriter {
   [[nodiscard]] std::int64_t GetJoined() const noexcept { return joined_; }
   /// Values that lost the delimiter or their quotes so far.
   [[nodiscard]] std::int64_t GetChanged() const noexcept { return changed_; }
+  /// Whether this delimiter would have left all values so far as they are: none holds both it and a quote.
+  [[nodiscard]] bool WouldKeepAll(char delimiter) const noexcept {
+    return !beside_quotes_[static_cast<unsigned char>(delimiter)];
+  }
 
  private:
   enum Special : std::uint8_t { kLineEnd = 1, kQuote = 2, kDelimiter = 4 };
 
   [[nodiscard]] unsigned SpecialsOf(std::string_view value) const noexcept;
   void Replace(unsigned specials);
+  void NoteBesideQuotes(std::string_view text) noexcept;
 
   Transcoder& transcoder_;
   char delimiter_;
   std::array<std::uint8_t, 256> specials_{};
-  std::string plain_;  // the value with specials replaced
+  std::array<bool, 256> beside_quotes_{};  // what values with quotes hold, before and after conversion
+  std::string plain_;                      // the value with specials replaced
   Tobri::String fitted_;
   std::int64_t joined_ = 0;
   std::int64_t changed_ = 0;

@@ -5,17 +5,11 @@
 #include "app/picture/picture_format.h"
 #include <pelor/mi.h>
 
-#include <functional>
 #include <iosfwd>
-#include <memory>
 #include <optional>
 #include <string_view>
 
 namespace App {
-
-/// Gives a source that stands before its first feature. A picture without a window takes two: one to find the
-/// extent, and one to draw.
-using SourceOpener = std::function<std::unique_ptr<FeatureSource>()>;
 
 struct PictureOptions {
   double width = 1200.0;  ///< pixels; the height follows from the map
@@ -35,7 +29,8 @@ inline constexpr std::string_view kTooLarge = "text too large for the picture";
 inline constexpr std::string_view kOtherLevel = "on a level that was not chosen";
 inline constexpr std::string_view kOutside = "outside the window";
 
-/// Draws the features of a source and writes the picture to `out`. Throws `Failure` when it cannot, and when
+/// Draws the features of a source and writes the picture to `out`. A picture without a window takes two
+/// sources: one to find the extent, and one to draw. Throws `Failure` when it cannot, and when
 /// levels are chosen and there is no column of them. Whether all could be written is for the stream to say.
 void WritePicture(const SourceOpener& open, const PictureOptions& options, PictureFormat format,
                   std::ostream& out, Account& account);

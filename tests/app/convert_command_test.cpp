@@ -93,6 +93,39 @@ TEST_F(ConvertCommandTest, APairIsWrittenAsTheOptionsSay) {
   EXPECT_TRUE(Read("out.mid").starts_with("one\ntwo, too\n")) << Read("out.mid");
 }
 
+TEST_F(ConvertCommandTest, ADelimiterIsTakenThatLeavesAllValuesAsTheyAre) {
+  const std::string assumed = "  Assumed: as values hold a quote and the usual delimiter, the delimiter is ";
+  const std::string tail = "2,\"a;b\"\n3,c\n4,d\n5,e\n6,f\n7,g\n8,h\n9,i\n10,j\n11,k\n";
+  Write("b.mid",
+        "1,\"Stra\xDF"
+        "e 3, \"\"Ecke\"\"\"\n" +
+            tail);
+  ConvertRun run = Convert({"/b.mif", "-o", "/out.mif"});
+  EXPECT_EQ(run.exit_code, kDone) << run.out;
+  EXPECT_NE(run.out.find("11 read, 11 written, 0 skipped"), std::string::npos) << run.out;
+  EXPECT_NE(run.out.find(assumed + "a tab\n"), std::string::npos) << run.out;
+  EXPECT_EQ(Read("out.mif").find("Delimiter"), std::string::npos);
+  EXPECT_TRUE(
+      Read("out.mid").starts_with("1\t\"Stra\xDF"
+                                  "e 3, \"\"Ecke\"\"\"\n2\ta;b\n"))
+      << Read("out.mid");
+
+  Write("b.mid", "1,\"3, \"\"\t\"\"\"\n" + tail);
+  run = Convert({"/b.mif", "-o", "/out.mif", "--overwrite"});
+  EXPECT_EQ(run.exit_code, kDone) << run.out;
+  EXPECT_NE(run.out.find(assumed + ";\n"), std::string::npos) << run.out;
+  EXPECT_TRUE(Read("out.mid").starts_with("1;\"3, \"\"\t\"\"\"\n2;\"a;b\"\n")) << Read("out.mid");
+
+  run = Convert({"/b.mif", "-o", "/out.mif", "--overwrite", "--delimiter", ","});
+  EXPECT_EQ(run.exit_code, kDoneWithFindings) << "a delimiter of the user's stays";
+  EXPECT_NE(run.out.find("delimiters beside quotes in values became blanks"), std::string::npos) << run.out;
+
+  Write("b.mid", "1,\"3, \"\"\t;|~^#@!\"\"\"\n" + tail);
+  run = Convert({"/b.mif", "-o", "/out.mif", "--overwrite"});
+  EXPECT_EQ(run.exit_code, kDoneWithFindings) << "no delimiter keeps this value";
+  EXPECT_NE(Read("out.mif").find("Delimiter \",\"\n"), std::string::npos);
+}
+
 TEST_F(ConvertCommandTest, TextsAreConvertedBetweenCharacterSets) {
   Write("b.mid", "1,\"Ж\"\n");
   EXPECT_EQ(

@@ -78,6 +78,18 @@ TEST(ValueWriterTest, DelimiterInsideACharacterLeavesNoQuoteBesideIt) {
   EXPECT_EQ(Fit("ポ \"a\"", ',', "CP932"), (Fitted{"\"\x83| \"\"a\"\"\"", 0, 0}));
 }
 
+TEST(ValueWriterTest, KnowsWhatDelimitersWouldKeepAllValues) {
+  Transcoder transcoder("CP932", Transcoder::Direction::kFromUtf8);
+  ValueWriter writer(transcoder, ',');
+  for (const char* const value : {"a;b", "3\" pipe, steel", "\" ポ"}) {
+    static_cast<void>(writer.Fit(Tobri::String(value)));
+  }
+  EXPECT_FALSE(writer.WouldKeepAll(',')) << "beside a quote";
+  EXPECT_FALSE(writer.WouldKeepAll('|')) << "a part of a character beside a quote";
+  EXPECT_TRUE(writer.WouldKeepAll(';')) << "in a value without a quote";
+  EXPECT_TRUE(writer.WouldKeepAll('\t')) << "in no value";
+}
+
 TEST(PairOptionsTest, DelimitersAreSignsOrTheirNames) {
   EXPECT_EQ(ParseDelimiter("tab"), '\t');
   EXPECT_EQ(ParseDelimiter("\\t"), '\t');
