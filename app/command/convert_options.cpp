@@ -2,6 +2,7 @@
 
 #include "app/convert/number_set.h"
 #include "app/design/design_columns.h"
+#include "app/io/blanks.h"
 #include "app/io/failure.h"
 #include "app/io/transcoder.h"
 
@@ -29,7 +30,7 @@ std::vector<std::string> Split(std::string_view list) {
   std::vector<std::string> items;
   while (true) {
     const std::size_t comma = list.find(',');
-    items.emplace_back(list.substr(0, comma));
+    items.emplace_back(WithoutBlanks(list.substr(0, comma)));
     if (comma == std::string_view::npos) return items;
     list.remove_prefix(comma + 1);
   }

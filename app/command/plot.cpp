@@ -64,10 +64,15 @@ Vanth::BoundsXY ParseWindow(std::string_view text) {
   std::array<double, 4> numbers{};
   const char* at = text.data();
   const char* const end = at + text.size();
+  const auto skip_blanks = [&at, end] {
+    while (at != nullptr && at != end && *at == ' ') ++at;
+  };
   for (std::size_t i = 0; at != nullptr && i < numbers.size(); ++i) {
     if (i > 0) at = at != end && *at == ',' ? at + 1 : nullptr;
+    skip_blanks();
     if (at != nullptr) at = Tobri::ParseDouble(at, end, numbers[i]);
     if (std::fabs(numbers[i]) > kLargestCoordinate) at = nullptr;
+    skip_blanks();
   }
   if (at == nullptr || at != end) {
     throw Failure("--window takes four numbers x1,y1,x2,y2, not \"" + std::string(text) + '"');

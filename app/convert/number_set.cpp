@@ -1,5 +1,6 @@
 #include "app/convert/number_set.h"
 
+#include "app/io/blanks.h"
 #include "app/io/failure.h"
 #include <pelor/dgn.h>
 
@@ -18,6 +19,7 @@ constexpr unsigned kHighestClass = 15;
 
 std::optional<unsigned> Number(std::string_view text) {
   unsigned number = 0;
+  text = WithoutBlanks(text);
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   return number;
@@ -62,7 +64,7 @@ NumberSet NumberSet::Parse(std::string_view text, unsigned highest, std::string_
   NumberSet set;
   while (true) {
     const std::size_t comma = text.find(',');
-    const std::string_view part = text.substr(0, comma);
+    const std::string_view part = WithoutBlanks(text.substr(0, comma));
     const std::size_t dash = part.find('-');
     std::optional<unsigned> low = Number(part.substr(0, dash));
     std::optional<unsigned> high = low;

@@ -1,6 +1,7 @@
 #include "app/inspect/value_check.h"
 
 #include "app/inspect/layout.h"
+#include "app/io/blanks.h"
 #include <pelor/mif.h>
 
 #include <algorithm>
@@ -14,12 +15,6 @@ namespace App {
 using Pelor::MI::Column;
 
 namespace {
-
-std::string_view WithoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") + 1 - first);
-}
 
 template <class Number>
 std::optional<Number> Read(std::string_view text) {

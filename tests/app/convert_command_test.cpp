@@ -144,9 +144,11 @@ TEST_F(ConvertCommandTest, ElementsAreChosen) {
   EXPECT_EQ(written({}), 15);
   EXPECT_EQ(written({"--with-deleted"}), 16);
   EXPECT_EQ(written({"--level", "1,3"}), 4);
+  EXPECT_EQ(written({"--level", " 1, 3"}), 4);
   EXPECT_EQ(written({"--type", "line"}), 4) << "with those of the cell";
   EXPECT_EQ(written({"--class", "2"}), 0);
   EXPECT_EQ(written({"--window", "0.6,0.6,0.8,0.8", "--type", "3"}), 2);
+  EXPECT_EQ(written({"--window", "0.6, 0.6, 0.8, 0.8 ", "--type", "3"}), 2);
   EXPECT_EQ(written({"--window", "-9,-9,-8,-8"}), 0);
 }
 

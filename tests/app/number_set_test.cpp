@@ -30,6 +30,13 @@ TEST(NumberSetTest, TakesNumbersAndRanges) {
   EXPECT_FALSE(ParseLevels("0-63").IsAll());
 }
 
+TEST(NumberSetTest, BlanksAroundNumbersDoNotMatter) {
+  EXPECT_EQ(Members(ParseLevels(" 1, 3 - 5 ,\t63 ")), (std::vector<unsigned>{1, 3, 4, 5, 63}));
+  EXPECT_EQ(Members(ParseElementTypes("3, text , 12 - 14")), (std::vector<unsigned>{3, 12, 13, 14, 17}));
+  EXPECT_EQ(LevelRefusal("1 2"), "\"1 2\" is not a level");
+  EXPECT_EQ(LevelRefusal("1, "), "\"\" is not a level");
+}
+
 TEST(NumberSetTest, RefusesAnythingElseInPlainWords) {
   EXPECT_EQ(LevelRefusal(""), "\"\" is not a level");
   EXPECT_EQ(LevelRefusal("1,,2"), "\"\" is not a level");

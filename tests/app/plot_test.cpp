@@ -124,6 +124,7 @@ TEST(PlotTest, ReasonsOfTheSelectionAreThoseOfTheDesign) {
 TEST(ParseWindowTest, TakesTwoOppositeCorners) {
   EXPECT_EQ(ParseWindow("1,2,3,4"), Vanth::BoundsXY(1, 2, 3, 4));
   EXPECT_EQ(ParseWindow("-3.5,4e2,-1,+2"), Vanth::BoundsXY(-3.5, 2, -1, 400));
+  EXPECT_EQ(ParseWindow(" 1, 2 , 3 ,4 "), Vanth::BoundsXY(1, 2, 3, 4));
 }
 
 TEST(ParseWindowTest, RefusesEverythingElse) {
