@@ -1,6 +1,7 @@
 #include "app/command/convert.h"
 
 #include "app/command/convert_options.h"
+#include "app/command/empty_values.h"
 #include "app/convert/batch.h"
 #include "app/convert/jobs.h"
 #include "app/io/failure.h"
@@ -167,7 +168,10 @@ void AddConvertCommand(CLI::App& program, int& exit_code) {
       "  pelor convert plan.dgn -o part.dgn --window 1000,2000,1500,2500\n"
       "  pelor convert archive --recursive --out-dir converted --to mif --newer --overwrite\n"
       "Exit codes: 0 all written, 1 something was skipped or approximated, 2 nothing written.");
-  command.callback([arguments, &exit_code] { exit_code = Run(*arguments); });
+  command.callback([arguments, &command, &exit_code] {
+    RefuseEmptyValues(command);
+    exit_code = Run(*arguments);
+  });
 }
 
 }  // namespace App

@@ -159,11 +159,10 @@ void ConvertArguments::AddTo(CLI::App& command) {
 
   Add(command, Use::kBetweenKinds, "--tolerance", tolerance_,
       "how far chords may be from the curves they stand for, in map units", "LENGTH");
-  command.add_option("--charset,--charset-in", charset_in_, "the character set of the inputs")
-      ->type_name("NAME")
+  Add(command, Use::kWithPairs, "--charset,--charset-in", charset_in_, "the character set of the inputs",
+      "NAME")
       ->group(std::string(kTexts));
-  command.add_option("--charset-out", charset_out_, "the character set of the outputs")
-      ->type_name("NAME")
+  Add(command, Use::kWithPairs, "--charset-out", charset_out_, "the character set of the outputs", "NAME")
       ->group(std::string(kTexts));
 }
 
@@ -180,9 +179,11 @@ bool ConvertArguments::Applies(Use use, const PlannedFile& file) {
     case Use::kToPair:
       return to_pair;
     case Use::kBetweenKinds:
+      return from_design == to_pair;
+    case Use::kWithPairs:
       break;
   }
-  return from_design == to_pair;
+  return !from_design || to_pair;
 }
 
 void ConvertArguments::ThrowIfUseless(std::span<const PlannedFile> files) const {
@@ -194,9 +195,9 @@ void ConvertArguments::ThrowIfUseless(std::span<const PlannedFile> files) const 
       return is_known(file) && Applies(limited.use, file);
     };
     if (std::any_of(files.begin(), files.end(), applies)) continue;
-    constexpr std::array<std::string_view, 5> kUses = {
-        "designs as input", "conversions from designs to pairs", "conversions from pairs to designs",
-        "pairs as output", "conversions between designs and pairs"};
+    constexpr std::array<std::string_view, 6> kUses = {
+        "designs as input", "conversions from designs to pairs",     "conversions from pairs to designs",
+        "pairs as output",  "conversions between designs and pairs", "pairs as input or output"};
     throw Failure(limited.option->get_name() + " is for " +
                   std::string(kUses[static_cast<std::size_t>(limited.use)]));
   }

@@ -30,6 +30,7 @@ class ConvertArguments {
     kPairToDesign,
     kToPair,
     kBetweenKinds,
+    kWithPairs,
   };
   struct Limited {
     const CLI::Option* option;

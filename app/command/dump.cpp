@@ -1,5 +1,6 @@
 #include "app/command/dump.h"
 
+#include "app/command/empty_values.h"
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include "app/io/library_name.h"
@@ -166,7 +167,8 @@ void AddDumpCommand(CLI::App& program, int& exit_code) {
       "  pelor dump plan.dgn --count 10\n"
       "  pelor dump plan.dgn --type line-string,shape --level 1,3-5\n"
       "  pelor dump plan.dgn --from @4608 --count 1 --hex");
-  command.callback([arguments, &exit_code] {
+  command.callback([arguments, &command, &exit_code] {
+    RefuseEmptyValues(command);
     Run(*arguments);
     exit_code = kDone;
   });

@@ -1,5 +1,6 @@
 #include "app/command/plot.h"
 
+#include "app/command/empty_values.h"
 #include "app/convert/open_source.h"
 #include "app/design/skip_reasons.h"
 #include "app/io/failure.h"
@@ -133,7 +134,10 @@ void AddPlotCommand(CLI::App& program, int& exit_code) {
       "  pelor plot plan.dgn -o plan.svg\n"
       "  pelor plot plan.dgn -o plan.png --level 1,10-19 --width 2000 --background black\n"
       "  pelor plot roads.mif -o centre.pdf --window=1000,2000,1500,2400");
-  command.callback([arguments, &exit_code] { exit_code = Run(*arguments); });
+  command.callback([arguments, &command, &exit_code] {
+    RefuseEmptyValues(command);
+    exit_code = Run(*arguments);
+  });
 }
 
 }  // namespace App

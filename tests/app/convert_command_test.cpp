@@ -393,6 +393,23 @@ TEST_F(ConvertCommandTest, OptionsThatNoFileHasAUseForAreRefused) {
   for (const char* const option : {"--columns", "--coordsys", "--mif-version", "--delimiter"}) {
     ExpectFailure({"/b.mif", "-o", "/o.dgn", option, "1"}, std::string(option) + " is for pairs as output");
   }
+  for (const char* const option : {"--charset", "--charset-out"}) {
+    ExpectFailure({"/a.dgn", "-o", "/o.dgn", option, "UTF-8"},
+                  std::string(option) + " is for pairs as input or output");
+  }
+}
+
+TEST_F(ConvertCommandTest, EmptyValuesAreRefused) {
+  for (const std::string option :
+       {"--output", "--to", "--jobs", "--report", "--level", "--type", "--class", "--window", "--columns",
+        "--units", "--coordsys", "--arcs", "--cells", "--mif-version", "--delimiter", "--tolerance",
+        "--charset", "--charset-out"}) {
+    ExpectFailure({"/a.dgn", "--out-dir", "/out", option, ""}, option + " needs a value");
+  }
+  for (const std::string option : {"--uor", "--unit", "--origin", "--seed", "--key", "--set-level",
+                                   "--level-column", "--set-color", "--color-column"}) {
+    ExpectFailure({"/b.mif", "-o", "/o.dgn", option, ""}, option + " needs a value");
+  }
 }
 
 TEST_F(ConvertCommandTest, ValuesThatMakeNoSenseAreRefused) {

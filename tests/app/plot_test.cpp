@@ -169,6 +169,10 @@ TEST(PlotCommandTest, ExplainsWhatIsWrongWithItsOptions) {
             "--window takes four numbers x1,y1,x2,y2, not \"1,2\"");
   EXPECT_NE(CommandError({"map.dgn", "-o", "a.svg", "--window", "-10,-5,10,5", "--level", "64"}).find("64"),
             std::string::npos);
+  for (const std::string option : {"--level", "--window", "--background", "--charset"}) {
+    EXPECT_EQ(CommandError({"map.dgn", "-o", "a.svg", option, ""}), option + " needs a value");
+  }
+  EXPECT_EQ(CommandError({"map.dgn", "-o", ""}), "--output needs a value");
   EXPECT_NE(CommandError({"no such file.dgn", "-o", "a.svg"}).find("no such file.dgn"), std::string::npos);
 }
 

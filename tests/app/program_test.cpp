@@ -104,6 +104,8 @@ TEST_F(ProgramTest, ACommandLineThatIsNotUnderstoodIsOneSentence) {
       {"pelor dump plan.dgn --count many",
        "pelor: --count: takes a number, not \"many\"; see pelor dump --help\n"},
       {"pelor dump plan.dgn --level 99", "pelor: \"99\" is not a level: they end at 63\n"},
+      {"pelor dump plan.dgn --level ''", "pelor: --level needs a value\n"},
+      {"pelor dump plan.dgn --from ''", "pelor: --from needs a value\n"},
       {"pelor dump plan.dgn --from 0",
        "pelor: --from takes the number of an element, or @ and the byte where it begins, not \"0\"\n"},
   };
