@@ -2,6 +2,7 @@
 
 #include "app/command/empty_values.h"
 #include "app/convert/open_source.h"
+#include "app/convert/report.h"
 #include "app/design/skip_reasons.h"
 #include "app/io/failure.h"
 #include "app/io/output_files.h"
@@ -93,10 +94,13 @@ int Plot(const Input& input, const SourceOpener& open, const std::filesystem::pa
   if (!input.mid.empty()) outputs.AddInput(input.mid);
   std::ofstream out(outputs.Add(picture), std::ios::binary);
   Account account;
-  WritePicture(open, options.picture, format, out, account);
+  const bool has_drawn = WritePicture(open, options.picture, format, out, account);
   out.close();
   ThrowIfNotWritten(out, picture);
   outputs.Commit();
+  if (!options.quiet && !has_drawn && HasLeftOutByChoice(account)) {
+    messages << "pelor: " << input.path.string() << ": nothing in it was chosen, so the picture is empty\n";
+  }
   return TellMissing(input, account, options.quiet, messages) ? kDoneWithFindings : kDone;
 }
 

@@ -19,8 +19,8 @@ struct PlotOptions {
 };
 
 /// Draws `input`, which `open` reads, into `picture`, which appears whole or not at all. What is missing in
-/// the picture, other than by choice, goes to `messages`, a line for each kind and reason. Gives the exit
-/// code. Throws `Failure`.
+/// the picture, other than by choice, goes to `messages`, a line for each kind and reason, and that nothing
+/// is drawn by choice. Gives the exit code. Throws `Failure`.
 [[nodiscard]] int Plot(const Input& input, const SourceOpener& open, const std::filesystem::path& picture,
                        const PlotOptions& options, std::ostream& messages);
 

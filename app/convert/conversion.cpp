@@ -68,6 +68,7 @@ class Conversion {
     DesignCopy copy(file_.input, Output(), NewOutputs(), options_.copy);
     Pass pass(progress_, 0);
     while (copy.Next(account_)) pass.Step(copy);
+    ThrowIfNothingIsChosen(copy.HasGraphics());
     ThrowIfStrict();
     copy.Close();
   }
@@ -178,6 +179,7 @@ class Conversion {
   }
 
   void Finish(FeatureSink& sink) {
+    ThrowIfNothingIsChosen(account_.GetWritten() != 0);
     ThrowIfStrict();
     sink.Close(account_);
   }
@@ -201,6 +203,12 @@ class Conversion {
     }
     account_.Assume("no coordinate system is given: a plane that is not on the earth, its units taken for m");
     return MI::Units_m;
+  }
+
+  // A map without objects becomes another one. That a choice leaves none of them is hardly meant.
+  void ThrowIfNothingIsChosen(bool has_written) const {
+    if (has_written || !HasLeftOutByChoice(account_)) return;
+    throw Failure(file_.input.path.string() + " is not converted: nothing in it was chosen");
   }
 
   void ThrowIfStrict() const {

@@ -147,6 +147,15 @@ std::int64_t CountFindings(const Account& account) {
   return findings;
 }
 
+bool HasLeftOutByChoice(const Account& account) {
+  for (const auto& [name, kind] : account.GetKinds()) {
+    for (const auto& [reason, entry] : kind.skip_reasons) {
+      if (Reason::IsByChoice(reason)) return true;
+    }
+  }
+  return false;
+}
+
 int ConvertExitCode(std::span<const FileResult> results, bool strict) {
   const bool any_failed = Count(results, Outcome::kFailed) != 0;
   if (any_failed && Count(results, Outcome::kWritten) + Count(results, Outcome::kPlanned) == 0)

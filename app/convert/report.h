@@ -30,6 +30,9 @@ struct FileResult {
 /// what the user did not ask for are missed by nobody.
 [[nodiscard]] std::int64_t CountFindings(const Account& account);
 
+/// Whether something that could have been written was left out because the user did not choose it.
+[[nodiscard]] bool HasLeftOutByChoice(const Account& account);
+
 /// 0 when all is written, 1 when something was left out or approximated, a whole file for one, 2 when files
 /// failed and nothing was written. With `strict` there is no 1.
 [[nodiscard]] int ConvertExitCode(std::span<const FileResult> results, bool strict);

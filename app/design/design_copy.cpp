@@ -54,6 +54,7 @@ bool DesignCopy::Next(Account& account) {
   account.Read(kind);
   const std::string_view reason = WhyLeftOut(element);
   const bool is_chosen = reason.empty();
+  if (is_chosen && !HoldsSettings(element.Type())) has_graphics_ = true;
   const ComponentRun run(element, place);
   if (is_chosen) out_.Bytes().Raw(View(element));
   cursor_.Take();

@@ -40,6 +40,8 @@ class DesignCopy {
 
   /// Copies the next element; false at the end.
   [[nodiscard]] bool Next(Account& account);
+  /// Whether something with graphics was copied so far.
+  [[nodiscard]] bool HasGraphics() const noexcept { return has_graphics_; }
   /// Nothing stands under the output's name before.
   void Close();
 
@@ -57,6 +59,7 @@ class DesignCopy {
   ElementCursor cursor_;
   DesignScale scale_;
   DesignOutput out_;
+  bool has_graphics_ = false;
 };
 
 }  // namespace App

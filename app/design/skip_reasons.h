@@ -55,6 +55,12 @@ inline constexpr std::string_view kBoundary = "given as its boundary and rule el
   return std::find(std::begin(kExpected), std::end(kExpected), reason) != std::end(kExpected);
 }
 
+/// Whether an element has graphics and was skipped because the user did not choose it.
+[[nodiscard]] constexpr bool IsByChoice(std::string_view reason) noexcept {
+  return IsExpected(reason) && reason != kHeaderData && reason != kGroupData && reason != kApplicationData &&
+         reason != kDeleted;
+}
+
 }  // namespace Reason
 
 }  // namespace App

@@ -90,10 +90,12 @@ BoundsXY FindExtent(FeatureSource& source, const PictureOptions& options) {
   return extent;
 }
 
-void DrawFeatures(FeatureSource& source, const PictureOptions& options, Painter& painter, Account& account) {
+// Whether there was anything to draw.
+bool DrawFeatures(FeatureSource& source, const PictureOptions& options, Painter& painter, Account& account) {
   const Selection selection(source.GetSchema(), options);
   Feature feature;
   std::string_view reason;
+  bool has_drawn = false;
   while (source.Next(feature, account)) {
     ThrowIfInterrupted();
     if (!selection.Choose(feature, reason)) {
@@ -102,13 +104,15 @@ void DrawFeatures(FeatureSource& source, const PictureOptions& options, Painter&
       account.Skipped(feature.kind, kTooLarge, feature.place, feature.count);
     } else {
       account.Written(feature.kind, feature.count);
+      has_drawn = true;
     }
   }
+  return has_drawn;
 }
 
 }  // namespace
 
-void WritePicture(const SourceOpener& open, const PictureOptions& options, PictureFormat format,
+bool WritePicture(const SourceOpener& open, const PictureOptions& options, PictureFormat format,
                   std::ostream& out, Account& account) {
   const BoundsXY extent = options.window ? *options.window : FindExtent(*open(), options);
   const Frame frame = MakeFrame(extent, {options.width, options.margin, kScaleBarHeight});
@@ -120,6 +124,7 @@ void WritePicture(const SourceOpener& open, const PictureOptions& options, Pictu
     cairo_paint(cairo);
   }
   const std::unique_ptr<FeatureSource> source = open();
+  bool has_drawn = false;
   {
     const CairoScope scope(cairo);
     if (options.window) {
@@ -128,13 +133,14 @@ void WritePicture(const SourceOpener& open, const PictureOptions& options, Pictu
       cairo_clip(cairo);
     }
     Painter painter(cairo, frame);
-    DrawFeatures(*source, options, painter, account);
+    has_drawn = DrawFeatures(*source, options, painter, account);
   }
   constexpr double kBarPart = 0.25;  // of the map's width
   const ScaleBar bar =
       MakeScaleBar(frame.scale, kBarPart * frame.map.Width(), source->GetSchema().system.Get());
   DrawScaleBar(cairo, bar, frame, IsDark(options.background) ? kWhite : kBlack);
   canvas.Finish();
+  return has_drawn;
 }
 
 }  // namespace App

@@ -29,10 +29,11 @@ inline constexpr std::string_view kTooLarge = "text too large for the picture";
 inline constexpr std::string_view kOtherLevel = "on a level that was not chosen";
 inline constexpr std::string_view kOutside = "outside the window";
 
-/// Draws the features of a source and writes the picture to `out`. A picture without a window takes two
-/// sources: one to find the extent, and one to draw. Throws `Failure` when it cannot, and when
-/// levels are chosen and there is no column of them. Whether all could be written is for the stream to say.
-void WritePicture(const SourceOpener& open, const PictureOptions& options, PictureFormat format,
+/// Draws the features of a source and writes the picture to `out`; false when there was none to draw. A
+/// picture without a window takes two sources: one to find the extent, and one to draw. Throws `Failure` when
+/// it cannot, and when levels are chosen and there is no column of them. Whether all could be written is for
+/// the stream to say.
+bool WritePicture(const SourceOpener& open, const PictureOptions& options, PictureFormat format,
                   std::ostream& out, Account& account);
 
 }  // namespace App

@@ -3,7 +3,7 @@
 
 namespace App {
 
-void WritePicture(const SourceOpener& /*open*/, const PictureOptions& /*options*/, PictureFormat /*format*/,
+bool WritePicture(const SourceOpener& /*open*/, const PictureOptions& /*options*/, PictureFormat /*format*/,
                   std::ostream& /*out*/, Account& /*account*/) {
   throw Failure("pictures cannot be drawn: this program was built without cairo");
 }

@@ -2,6 +2,7 @@
 #include "app/io/failure.h"
 #include "app/io/interrupt.h"
 #include "convert_run.h"
+#include "design_elements.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -150,6 +151,45 @@ TEST_F(ConvertCommandTest, ElementsAreChosen) {
   EXPECT_EQ(written({"--window", "0.6,0.6,0.8,0.8", "--type", "3"}), 2);
   EXPECT_EQ(written({"--window", "0.6, 0.6, 0.8, 0.8 ", "--type", "3"}), 2);
   EXPECT_EQ(written({"--window", "-9,-9,-8,-8"}), 0);
+}
+
+TEST_F(ConvertCommandTest, AChoiceThatLeavesNothingIsAFailure) {
+  Write("c.mif", "Version 300\nColumns 0\nData\n\nPoint 1 2\n");
+  Write("c.mid", "");
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"/a.dgn", "-o", "/o.mif", "--level", "9"}, "a.dgn"},
+      {{"/a.dgn", "-o", "/o.mif", "--type", "27"}, "a.dgn"},
+      {{"/a.dgn", "-o", "/o.mif", "--class", "2"}, "a.dgn"},
+      {{"/a.dgn", "-o", "/o.mif", "--window", "-9,-9,-8,-8"}, "a.dgn"},
+      {{"/a.dgn", "-o", "/o.dgn", "--level", "9"}, "a.dgn"},
+      {{"/c.mif", "-o", "/o.mif", "--window", "-9,-9,-8,-8"}, "c.mif"},
+      {{"/c.mif", "-o", "/o.dgn", "--window", "-9,-9,-8,-8"}, "c.mif"},
+  };
+  for (const auto& [arguments, name] : cases) {
+    ExpectFailure(arguments, std::string(name) + " is not converted: nothing in it was chosen");
+  }
+  const ConvertRun run = Convert({"/a.dgn", "-o", "/o.mif", "--level", "9"});
+  EXPECT_EQ(run.out, "");
+}
+
+TEST_F(ConvertCommandTest, AnEmptyMapBecomesAnEmptyMap) {
+  Write("c.mif", "Version 300\nColumns 0\nData\n\n");
+  Write("c.mid", "");
+  Write("c.dgn", app_test::DesignBytes(""));
+  const std::pair<std::vector<std::string>, const char*> cases[] = {
+      {{"/c.mif", "-o", "/o.mif"}, "o.mid"},
+      {{"/c.mif", "-o", "/o.dgn"}, "o.csv"},
+      {{"/c.dgn", "-o", "/p.mif"}, "p.mid"},
+      {{"/c.dgn", "-o", "/p.dgn"}, "p.dgn"},
+  };
+  for (const auto& [arguments, output] : cases) {
+    std::vector<std::string> with_window = arguments;
+    with_window.insert(with_window.end(), {"--window", "0,0,1,1"});
+    const ConvertRun run = Convert(with_window);
+    EXPECT_EQ(run.err, "") << output;
+    EXPECT_EQ(run.exit_code, kDone) << run.out;
+    EXPECT_TRUE(Names().contains(output)) << output;
+  }
 }
 
 TEST_F(ConvertCommandTest, ObjectsOfAPairAreChosenByAWindow) {
@@ -342,7 +382,10 @@ TEST_F(ConvertCommandTest, BadInputsAreToldInOneSentence) {
 }
 
 TEST_F(ConvertCommandTest, TheExamplesOfTheHelpWork) {
-  Write("plan.dgn", DesignOfAllKinds());
+  // With something in the window of an example.
+  Write("plan.mif", std::string(kMifOfAllKinds) + "Point 1200 2200\n");
+  Write("plan.mid", std::string(kMidOfAllKinds) + "12,twelve\n");
+  Convert({"/plan.mif", "-o", "/plan.dgn"});
   Write("seed2d.dgn", DesignOfAllKinds());
   for (const char* const name : {"parcels", "old", "archive/map"}) {
     Write(std::string(name) + ".mif", kMifOfAllKinds);

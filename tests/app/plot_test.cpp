@@ -29,6 +29,17 @@ class FailingSource : public MifSource {
   }
 };
 
+// Counts things itself, as designs count the cells whose components they give.
+class CountingSource : public MifSource {
+ public:
+  CountingSource() : MifSource(kSquare) {}
+  [[nodiscard]] bool Next(Feature& feature, Account& account) override {
+    account.Read("cell");
+    account.Written("cell");
+    return MifSource::Next(feature, account);
+  }
+};
+
 // What goes into and comes out of one call of Plot in a folder of its own.
 struct PlotRun {
   int Plot(const std::string& text, const std::string& picture) {
@@ -109,14 +120,39 @@ TEST(PlotTest, TellsWhatIsMissing) {
 
 TEST(PlotTest, WhatWasNotAskedForIsNotMissing) {
   PlotRun run;
+  run.input.path = "map.mif";
+  run.options.picture.window = Vanth::BoundsXY(0, 0, 10, 10);
+  const std::string map = std::string(kSquare) + "Point 200 200\n";
+  EXPECT_EQ(run.Plot(map, "map.svg"), kDone);
+  EXPECT_EQ(run.messages.str(), "");
+}
+
+TEST(PlotTest, TellsThatNothingWasChosen) {
+  PlotRun run;
+  run.input.path = "map.mif";
   run.options.picture.window = Vanth::BoundsXY(200, 200, 300, 300);
   EXPECT_EQ(run.Plot(kSquare, "map.svg"), kDone);
+  const std::string told = "pelor: map.mif: nothing in it was chosen, so the picture is empty\n";
+  EXPECT_EQ(run.messages.str(), told);
+  run.messages.str("");
+  EXPECT_EQ(App::Plot(
+                run.input, [] { return std::make_unique<CountingSource>(); }, run.folder / "cells.svg",
+                run.options, run.messages),
+            kDone);
+  EXPECT_EQ(run.messages.str(), told);
+  run.messages.str("");
+  EXPECT_EQ(run.Plot("", "empty.svg"), kDone);
+  EXPECT_EQ(run.messages.str(), "") << "there is nothing to choose";
+  run.options.quiet = true;
+  EXPECT_EQ(run.Plot(kSquare, "map.png"), kDone);
   EXPECT_EQ(run.messages.str(), "");
 }
 
 TEST(PlotTest, ReasonsOfTheSelectionAreThoseOfTheDesign) {
   EXPECT_TRUE(Reason::IsExpected(kOtherLevel));
   EXPECT_TRUE(Reason::IsExpected(kOutside));
+  EXPECT_TRUE(Reason::IsByChoice(kOtherLevel));
+  EXPECT_TRUE(Reason::IsByChoice(kOutside));
   EXPECT_FALSE(Reason::IsExpected(kNoNumbers));
   EXPECT_FALSE(Reason::IsExpected(kTooLarge));
 }
