@@ -18,6 +18,8 @@ namespace {
 constexpr std::array kOrder = {MIF::Version,  MIF::CharSet,   MIF::Delimiter, MIF::Unique, MIF::Index,
                                MIF::CoordSys, MIF::Transform, MIF::Columns,   MIF::Data};
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 std::optional<std::size_t> OrderOf(MIF::KeyWord keyword) {
   for (std::size_t i = 0; i < kOrder.size(); ++i) {
     if (kOrder[i] == keyword) return i;
@@ -31,6 +33,7 @@ class HeaderCheck {
       : in_(in), header_(header), report_(report) {}
 
   bool Run() {
+    CheckByteOrderMark();
     CheckFirstWord();
     bool has_ended = false;
     while (!has_ended && Tobri::TxtRdr::LookAheadCheck(in_)) has_ended = !Clause();
@@ -53,6 +56,13 @@ class HeaderCheck {
 
   void Report(Severity severity, std::string_view code, std::string sentence, const TextPlace& place) const {
     report_(severity, code, std::move(sentence), place);
+  }
+
+  void CheckByteOrderMark() {
+    if (!in_.Window(kByteOrderMark.size()).starts_with(kByteOrderMark)) return;
+    Report(Severity::kError, "byte-order-mark",
+           "the file begins with a byte order mark, which a MIF file must not have", PlaceOf(in_));
+    in_.Consume(kByteOrderMark.size());
   }
 
   void CheckFirstWord() {

@@ -44,9 +44,10 @@ std::string MisfitOfDecimal(std::string_view value, const Column& column) {
   if (decimals > static_cast<std::size_t>(std::max(column.decimals, 0))) {
     return "has " + Counted(static_cast<std::int64_t>(decimals), "decimal");
   }
-  const std::int64_t room = std::int64_t{column.width} - (column.decimals > 0 ? column.decimals + 1 : 0);
-  if (static_cast<std::int64_t>(whole) > std::max<std::int64_t>(room, 1)) {
-    return "has more digits than its column";
+  const std::int64_t behind = column.decimals > 0 ? std::int64_t{column.decimals} + 1 : 0;
+  const auto before = static_cast<std::int64_t>(whole);
+  if (before > std::max<std::int64_t>(column.width - behind, 1)) {
+    return "takes " + Counted(before + behind, "character") + " with sign, point and decimals";
   }
   return {};
 }

@@ -100,6 +100,12 @@ TEST(PairCheckTest, FindsFaultsOfTheHeader) {
       Texts{"a.mif:2:1: error: the clause Unique names column 1, and there are 0 columns [column-number]"});
 }
 
+TEST(PairCheckTest, NamesAByteOrderMark) {
+  EXPECT_EQ(Findings("\xEF\xBB\xBFVersion 300\nColumns 0\nData\n", {}),
+            Texts{"a.mif:1:1: error: the file begins with a byte order mark, which a MIF file must not have "
+                  "[byte-order-mark]"});
+}
+
 TEST(PairCheckTest, FindsFaultsOfTheColumns) {
   EXPECT_EQ(Findings("Version 300\nColumns 2\n  Id LargeInt\n  Name Char(5)\nData\n", "1,2\n").at(0),
             "a.mif:3:3: error: the column Id has the type \"LargeInt\", which is unknown [column-type]");
@@ -268,6 +274,7 @@ TEST(ValueCheckTest, HoldsValuesAgainstTheTypeOfTheirColumn) {
   const Column integer("c", MI::Integer_t(), 0);
   const Column small("c", MI::SmallInt_t(), 0);
   const Column decimal("c", MI::Decimal_t(), 6, 2, 0);
+  const Column whole("c", MI::Decimal_t(), 3, 0, 0);
   const Column real("c", MI::Float_t(), 0);
   const Column date("c", MI::Date_t(), 0);
   const Column logical("c", MI::Logical_t(), 0);
@@ -289,7 +296,11 @@ TEST(ValueCheckTest, HoldsValuesAgainstTheTypeOfTheirColumn) {
       {small, "32768", "lies outside -32768 to 32767"},
       {decimal, "-12.34", ""},
       {decimal, "123.45", ""},
-      {decimal, "1234.5", "has more digits than its column"},
+      {decimal, "1234.5", "takes 7 characters with sign, point and decimals"},
+      {decimal, "-123.45", "takes 7 characters with sign, point and decimals"},
+      {decimal, "-0.5", ""},
+      {whole, "-12", ""},
+      {whole, "-123", "takes 4 characters with sign, point and decimals"},
       {decimal, "1.234", "has 3 decimals"},
       {decimal, "1e2", ""},
       {decimal, "1,5", "is not a number"},
