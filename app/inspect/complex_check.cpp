@@ -31,6 +31,12 @@ bool TellsLength(DGN::EType type) {
   return CountsComponents(type) || type == DGN::CellHeaderType;
 }
 
+// Some writers give a text a range without an area, which tells of its origin at most.
+TextExtent TextExtentIn(const DGN::CoordsRange& range) {
+  const bool has_area = range.xlow != range.xhigh && range.ylow != range.yhigh;
+  return has_area ? TextExtent::kBox : TextExtent::kOrigin;
+}
+
 double Distance(const Vanth::PointXY& a, const Vanth::PointXY& b) {
   return std::hypot(a.x - b.x, a.y - b.y);
 }
@@ -61,7 +67,7 @@ void ComplexCheck::Element(const ElementView& element, const Place& place, std::
   if (DGN::IsComplex(element.Type())) {
     OpenComplex(element, place, end);
   } else if (!element.Header().IsDeleted() && element.Type() != DGN::BSplinePoleType) {
-    const Extent extent = ExtentOf(element, TextExtent::kOrigin);
+    const Extent extent = ExtentOf(element, TextExtentIn(element.Header().range));
     CheckRange(element, extent, report);
     if (is_inside) open_.back().extent.Cover(extent);
   }

@@ -54,7 +54,7 @@ void CoverEllipse(const PlanEllipse& ellipse, Extent& extent) {
 
 void CoverText(const TextView& text, TextExtent texts, Extent& extent) {
   extent.Cover(text.origin.x, text.origin.y, text.origin.z);
-  if (texts == TextExtent::kOrigin) return;
+  if (texts == TextExtent::kOrigin || text.characters.empty()) return;
   const double radians = text.rotation_degrees * (std::numbers::pi / 180.0);
   const double width = text.char_width * static_cast<double>(text.characters.size());
   const double along_x = width * std::cos(radians);

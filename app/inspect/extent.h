@@ -19,8 +19,7 @@ struct Extent {
   void Cover(const Extent& other) noexcept;
 };
 
-/// How the room of a text counts: its characters as wide as they are told, or only its origin, which every
-/// font keeps to.
+/// How the room of a text counts: its characters as wide as they are told, or only its origin.
 enum class TextExtent {
   kBox,
   kOrigin,

@@ -247,6 +247,27 @@ TEST(DesignCheckTest, FindsARangeThatDoesNotHoldItsGeometry) {
   EXPECT_EQ(FindingsIn(WithRange(arc, -100, 100)), Texts());
 }
 
+TEST(DesignCheckTest, TheRangeOfATextHoldsItsBox) {
+  const std::string at =
+      "a.dgn: element 2 at byte 1536: warning: the range of the Text does not hold its geometry: ";
+  // Three characters, 6 units wide and 12 high, from (0, 0) on.
+  const auto text = [](const char* characters, std::int32_t angle) {
+    return Element(17, "0001 " + Longs({1000, 2000, angle, 0, 0}) + characters);
+  };
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 0), 0, 18)), Texts());
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 0), 0, 17)), Texts()) << "sizes are rounded";
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 0), 0, 16)),
+            Texts{at + "x runs from 0 to 18, the range from 0 to 16 [range]"});
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 90 * 360000), -12, 18)), Texts());
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 90 * 360000), 0, 18)).size(), 1U);
+  EXPECT_EQ(FindingsIn(WithRange(text("0000", 0), 0, 0)), Texts()) << "without characters";
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 0), 0, 0)), Texts()) << "the range of the origin";
+  EXPECT_EQ(FindingsIn(WithRange(text("0003 4141 0041", 0), 9, 9)).size(), 1U);
+  std::string flat = WithRange(text("0003 4141 0041", 0), 0, 12);
+  DGN::StoreLong(flat.data() + 16, DGN::LoadLong(flat.data() + 4));
+  EXPECT_EQ(FindingsIn(flat), Texts()) << "a range without an area";
+}
+
 TEST(DesignCheckTest, TheRangeOfADeletedElementDoesNotMatter) {
   std::string line = WithRange(Line(), 0, 0);
   line[1] = static_cast<char>(line[1] | 0x80);

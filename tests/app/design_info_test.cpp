@@ -207,6 +207,15 @@ TEST(ExtentTest, ATextTurnedByNinetyDegreesRunsUp) {
   EXPECT_EQ(origin.high[1], 200.0);
 }
 
+TEST(ExtentTest, ATextWithoutCharactersIsItsOrigin) {
+  const std::string text =
+      app_test::ElementBytes({.type = 17, .body = "0001 " + Longs({1000, 2000, 0, 100, 200}) + "0000"});
+  const Extent box = ExtentOf(ElementView(text, false), TextExtent::kBox);
+  EXPECT_EQ(box.low[0], 100.0);
+  EXPECT_EQ(box.high[0], 100.0);
+  EXPECT_EQ(box.high[1], 200.0);
+}
+
 TEST(LayoutTest, WritesNumbersForPeople) {
   EXPECT_EQ(ToText(std::int64_t{0}), "0");
   EXPECT_EQ(ToText(std::int64_t{-1234567}), "-1,234,567");
