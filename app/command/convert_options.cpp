@@ -132,7 +132,8 @@ void ConvertArguments::AddTo(CLI::App& command) {
   };
   to_pair(Use::kToPair, "--columns", columns_,
           "the columns, in their order; of designs there are " + ColumnNames(), "LIST");
-  to_pair(Use::kFromDesign, "--units", units_, "coordinates in master (usual), sub or uor units", "UNITS");
+  to_pair(Use::kFromDesign, "--units", units_,
+          "coordinates in master units (usual), sub-units or units of resolution", "master|sub|uor");
   to_pair(Use::kToPair, "--coordsys", coordsys_,
           "the coordinate system clause of the coordinates, such as 'Earth Projection 1, 104'", "CLAUSE");
   to_pair(Use::kDesignToPair, "--arcs", arcs_, "curves where their kind allows it (usual), or all as lines",

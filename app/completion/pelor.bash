@@ -9,6 +9,11 @@ _pelor_commands() {
   "$1" --help 2>/dev/null | sed -n '/^Subcommands:/,$s/^  \([a-z]*\) .*/\1/p'
 }
 
+_pelor_values() {
+  # The words that the option can have, where its help lists them: "--to mif|dgn".
+  "$1" "$2" --help 2>/dev/null | sed -nE "s/^ *$3 ([a-z]+(\|[a-z]+)+) .*/\1/p" | tr '|' ' '
+}
+
 _pelor() {
   local program=$1 current=$2 previous=$3 command= word
   for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
@@ -25,6 +30,13 @@ _pelor() {
   if [[ $current == -* ]]; then
     mapfile -t COMPREPLY < <(compgen -W "$(_pelor_words "$program" "$command")" -- "$current")
     return
+  fi
+  if [[ $previous == --* ]]; then
+    local values=$(_pelor_values "$program" "$command" "$previous")
+    if [[ -n $values ]]; then
+      mapfile -t COMPREPLY < <(compgen -W "$values" -- "$current")
+      return
+    fi
   fi
   if [[ $previous == --out-dir ]]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$current")

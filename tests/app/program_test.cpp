@@ -234,6 +234,15 @@ TEST_F(CompletionTest, OffersTheOptionsOfACommand) {
   EXPECT_EQ(Complete("pelor dump --"), "--count --from --help --hex --level --type ");
 }
 
+TEST_F(CompletionTest, OffersTheWordsThatAnOptionTakes) {
+  if (Run("bash --version").exit_code != 0) GTEST_SKIP() << "there is no bash";
+  EXPECT_EQ(Complete("pelor convert plan.dgn --to "), "dgn mif ");
+  EXPECT_EQ(Complete("pelor convert plan.dgn --units "), "master sub uor ");
+  EXPECT_EQ(Complete("pelor convert plan.dgn --arcs "), "curves lines ");
+  EXPECT_EQ(Complete("pelor convert --cells e"), "explode ");
+  EXPECT_EQ(Complete("pelor convert --seed pl"), "plan.dgn ");
+}
+
 TEST_F(CompletionTest, OffersFilesThatTheCommandTakes) {
   if (Run("bash --version").exit_code != 0) GTEST_SKIP() << "there is no bash";
   folder_.Write("notes.txt", "text");
