@@ -3,6 +3,7 @@
 #include "app/design/skip_reasons.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace App {
@@ -17,7 +18,8 @@ constexpr std::size_t kDeepest = 32;
 PathSettings MakePathSettings(const DesignHeader& header, const DesignOptions& options) {
   PathSettings settings;
   settings.tolerance = options.tolerance * header.UorsPer(options.units);
-  settings.origin_z = header.origin[2];
+  // Heights are whole units: the nearest one is at the origin's.
+  settings.origin_z = std::floor(header.origin[2] + 0.5);
   return settings;
 }
 

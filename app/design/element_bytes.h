@@ -40,6 +40,20 @@ class ElementBytes {
       bytes += 8;
     }
   }
+  /// In space, all at the height `z`.
+  void Point(const Pelor::DGN::point2d& point, std::int32_t z) {
+    Point(point);
+    Long(z);
+  }
+  void Points(std::span<const Pelor::DGN::point2d> points, std::int32_t z) {
+    char* bytes = Grow(12 * points.size());
+    for (const Pelor::DGN::point2d& point : points) {
+      Pelor::DGN::StoreLong(bytes, point.x);
+      Pelor::DGN::StoreLong(bytes + 4, point.y);
+      Pelor::DGN::StoreLong(bytes + 8, z);
+      bytes += 12;
+    }
+  }
   void Raw(std::string_view text) { bytes_.insert(bytes_.end(), text.begin(), text.end()); }
   void Zeros(std::size_t count) { bytes_.resize(bytes_.size() + count); }
 

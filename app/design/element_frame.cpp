@@ -1,5 +1,7 @@
 #include "app/design/element_frame.h"
 
+#include "app/design/stored_angle.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -23,6 +25,9 @@ constexpr std::uint16_t kDeletedBit = 0x8000;
 constexpr std::uint16_t kNewProperty = 0x0200;
 constexpr std::uint16_t kAttributesProperty = 0x0800;
 constexpr std::uint16_t kHoleProperty = 0x8000;
+
+/// The diagonal of a cell's matrix that leaves the cell as it is.
+constexpr std::int32_t kUnitMatrixEntry = 214748;
 
 std::int32_t OnPlane(double coordinate) {
   constexpr double kLow = std::numeric_limits<std::int32_t>::min();
@@ -86,6 +91,42 @@ void ElementFrame::Begin(DGN::EType type, const ElementStyle& style) {
   bytes_.Word(static_cast<std::uint16_t>(symbology));
 }
 
+void ElementFrame::PutPoint(const DGN::point2d& point) {
+  if (height_) {
+    bytes_.Point(point, *height_);
+  } else {
+    bytes_.Point(point);
+  }
+}
+
+void ElementFrame::PutPoints(std::span<const DGN::point2d> points) {
+  if (height_) {
+    bytes_.Points(points, *height_);
+  } else {
+    bytes_.Points(points);
+  }
+}
+
+void ElementFrame::PutCenter(double x, double y) {
+  bytes_.Double(x);
+  bytes_.Double(y);
+  if (height_) bytes_.Double(*height_);
+}
+
+void ElementFrame::PutTurn(double degrees) {
+  if (!height_) return bytes_.Long(TurnUnits(degrees));
+  const DGN::quaternion turn = TurnInSpace(degrees);
+  for (const std::int32_t part : {turn.w, turn.x, turn.y, turn.z}) bytes_.Long(part);
+}
+
+void ElementFrame::PutCellPlace() {
+  const std::size_t axes = Is3D() ? 3 : 2;
+  bytes_.Zeros(2 * axes * 4);
+  for (std::size_t row = 0; row < axes; ++row) {
+    for (std::size_t column = 0; column < axes; ++column) bytes_.Long(row == column ? kUnitMatrixEntry : 0);
+  }
+}
+
 void ElementFrame::End(std::span<const std::uint16_t> linkages) {
   FinishHeader(linkages);
   WriteRange(start_, range_);
@@ -116,11 +157,13 @@ void ElementFrame::EndComplex() {
   if (complex.layout.range != 0 && !range.IsEmpty()) {
     const std::int64_t x = complex.origin.x;
     const std::int64_t y = complex.origin.y;
-    const std::size_t position = start + complex.layout.range;
-    bytes_.SetLong(position, Saturated(range.x_low - x));
-    bytes_.SetLong(position + 4, Saturated(range.y_low - y));
-    bytes_.SetLong(position + 8, Saturated(range.x_high - x));
-    bytes_.SetLong(position + 12, Saturated(range.y_high - y));
+    const std::size_t low = start + complex.layout.range;
+    // The origin is as high as all else: what z has in space stays 0.
+    const std::size_t high = low + (Is3D() ? 12 : 8);
+    bytes_.SetLong(low, Saturated(range.x_low - x));
+    bytes_.SetLong(low + 4, Saturated(range.y_low - y));
+    bytes_.SetLong(high, Saturated(range.x_high - x));
+    bytes_.SetLong(high + 4, Saturated(range.y_high - y));
   }
   WriteRange(start, range);
   AddToParent(range, complex.levels);
@@ -128,7 +171,8 @@ void ElementFrame::EndComplex() {
 
 void ElementFrame::WriteRange(std::size_t start, const ElementRange& range) {
   const ElementRange written = range.IsEmpty() ? ElementRange{0, 0, 0, 0} : range;
-  const std::int32_t values[] = {written.x_low, written.y_low, 0, written.x_high, written.y_high, 0};
+  const std::int32_t z = height_.value_or(0);
+  const std::int32_t values[] = {written.x_low, written.y_low, z, written.x_high, written.y_high, z};
   std::size_t position = start + kRange;
   for (const std::int32_t value : values) {
     bytes_.SetLong(position, DGN::FlipSign(value));

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -44,24 +45,38 @@ struct ComplexLayout {
   std::size_t length = 0;     ///< of the word with the words of the description that follow it
   std::size_t count = 0;      ///< of the word with the number of components
   std::size_t level_map = 0;  ///< of the four words with a bit for each level in use
-  std::size_t range = 0;  ///< of four longs: the lower left and upper right corner, counted from the origin
+  /// Of the longs with the low and the high corner of the range, counted from the origin.
+  std::size_t range = 0;
 };
 
-/// Writes two-dimensional displayable elements, the headers right in every field: words to follow, range,
-/// attribute index and the length and count of complex ones. Between Begin and End the caller adds the body
-/// to Bytes() and says what it covers.
+/// Writes displayable elements, the headers right in every field: words to follow, range, attribute index and
+/// the length and count of complex ones. Between Begin and End the caller adds the body to Bytes(), what
+/// differs between the plane and space by the Put functions, and says what it covers.
 class ElementFrame {
  public:
   /// A description has no more words than this: the components of a complex element, and what of its header
   /// follows the length.
   static constexpr std::size_t kMaxDescriptionWords = 65535;
 
-  /// Appends to `bytes`, which must live on. Whoever empties it does so between top-level elements.
-  explicit ElementFrame(ElementBytes& bytes) : bytes_(bytes) {}
+  /// Appends to `bytes`, which must live on. Whoever empties it does so between top-level elements. With a
+  /// `height`, in units of resolution, the elements are those of a three-dimensional design and all lie
+  /// there.
+  explicit ElementFrame(ElementBytes& bytes, std::optional<std::int32_t> height = std::nullopt)
+      : bytes_(bytes), height_(height) {}
+
+  [[nodiscard]] bool Is3D() const noexcept { return height_.has_value(); }
 
   /// Inside a complex element the new element is its component, and deleted if that is.
   void Begin(Pelor::DGN::EType type, const ElementStyle& style);
   [[nodiscard]] ElementBytes& Bytes() noexcept { return bytes_; }
+  void PutPoint(const Pelor::DGN::point2d& point);
+  void PutPoints(std::span<const Pelor::DGN::point2d> points);
+  /// The centre of an ellipse.
+  void PutCenter(double x, double y);
+  /// A turn, counter-clockwise.
+  void PutTurn(double degrees);
+  /// The range of a cell, which EndComplex fills in, and the matrix of one that is neither scaled nor turned.
+  void PutCellPlace();
   /// What the element that was begun last covers.
   [[nodiscard]] ElementRange& Range() noexcept { return range_; }
   /// Ends a simple element.
@@ -90,6 +105,7 @@ class ElementFrame {
   void AddToParent(const ElementRange& range, std::uint64_t levels);
 
   ElementBytes& bytes_;
+  std::optional<std::int32_t> height_;
   std::size_t start_ = 0;
   std::uint8_t level_ = 0;
   bool deleted_ = false;

@@ -62,7 +62,10 @@ void LayInPlan(const DGN::Trans3D& rotation, TextView& text) noexcept {
   text.is_tilted = std::fabs(along.z) > kLevel || std::fabs(up.z) > kLevel;
   // A base line that stands upright has no direction in plan, but what stands on it has.
   const double direction = length > kLevel ? std::atan2(along.y, along.x) : std::atan2(-up.x, up.y);
-  text.rotation_degrees = direction * (180.0 / std::numbers::pi);
+  // In whole units of plane angles: what is below them the stored rotation has from its own rounding.
+  constexpr double kUnitsPerRadian = kAngleUnitsPerDegree * (180.0 / std::numbers::pi);
+  const std::int64_t units = std::llround(direction * kUnitsPerRadian);
+  text.rotation_degrees = static_cast<double>(units < 0 ? units + kFullTurn : units) / kAngleUnitsPerDegree;
   text.char_width *= length;
   text.char_height *= std::hypot(up.x, up.y) * (along.x * up.y - along.y * up.x < 0.0 ? -1.0 : 1.0);
 }

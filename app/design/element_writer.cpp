@@ -1,5 +1,7 @@
 #include "app/design/element_writer.h"
 
+#include "app/design/stored_angle.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -11,25 +13,6 @@ namespace DGN = Pelor::DGN;
 namespace {
 
 constexpr double kRadiansPerDegree = std::numbers::pi / 180.0;
-/// Angles are stored in units of 1/360000 degree.
-constexpr double kUnitsPerDegree = 360000.0;
-/// The diagonal of a cell's matrix that leaves the cell as it is.
-constexpr std::int32_t kUnitMatrixEntry = 214748;
-
-/// An angle from 0 up to a whole turn, which becomes 0.
-std::int32_t TurnUnits(double degrees) {
-  constexpr std::int64_t kTurn = 360 * 360000;
-  const double turned = std::fmod(degrees, 360.0);
-  const auto units = static_cast<std::int64_t>(std::lround(turned * kUnitsPerDegree));
-  return static_cast<std::int32_t>((units % kTurn + kTurn) % kTurn);
-}
-
-/// An angle within a whole turn to either side, as its magnitude and a sign bit.
-std::int32_t SweepUnits(double degrees) {
-  const auto magnitude =
-      static_cast<std::uint32_t>(std::lround(std::min(std::fabs(degrees), 360.0) * kUnitsPerDegree));
-  return static_cast<std::int32_t>(degrees < 0 ? magnitude | 0x80000000U : magnitude);
-}
 
 /// Adds the point of an ellipse at the angle t to the range.
 void CoverAt(ElementRange& range, const EllipseShape& shape, double t) {
@@ -63,8 +46,8 @@ void CoverArc(ElementRange& range, const EllipseShape& shape, double from, doubl
 void ElementWriter::Line(const ElementStyle& style, const DGN::point2d& start, const DGN::point2d& end,
                          const LinkageWords& linkages) {
   frame_.Begin(DGN::LineType, style);
-  frame_.Bytes().Point(start);
-  frame_.Bytes().Point(end);
+  frame_.PutPoint(start);
+  frame_.PutPoint(end);
   frame_.Range().Cover(start);
   frame_.Range().Cover(end);
   frame_.End(linkages.Words());
@@ -74,7 +57,7 @@ void ElementWriter::Vertices(DGN::EType type, const ElementStyle& style, std::sp
                              const LinkageWords& linkages) {
   frame_.Begin(type, style);
   frame_.Bytes().Word(static_cast<std::uint16_t>(points.size()));
-  frame_.Bytes().Points(points);
+  frame_.PutPoints(points);
   for (const DGN::point2d& point : points) frame_.Range().Cover(point);
   frame_.End(linkages.Words());
 }
@@ -85,9 +68,8 @@ void ElementWriter::Ellipse(const ElementStyle& style, const EllipseShape& shape
   ElementBytes& bytes = frame_.Bytes();
   bytes.Double(shape.primary);
   bytes.Double(shape.secondary);
-  bytes.Long(TurnUnits(shape.rotation_degrees));
-  bytes.Double(shape.x);
-  bytes.Double(shape.y);
+  frame_.PutTurn(shape.rotation_degrees);
+  frame_.PutCenter(shape.x, shape.y);
   CoverArc(frame_.Range(), shape, 0, 2 * std::numbers::pi);
   frame_.End(linkages.Words());
 }
@@ -100,9 +82,8 @@ void ElementWriter::Arc(const ElementStyle& style, const ArcShape& shape, const 
   bytes.Long(SweepUnits(shape.sweep_degrees));
   bytes.Double(ellipse.primary);
   bytes.Double(ellipse.secondary);
-  bytes.Long(TurnUnits(ellipse.rotation_degrees));
-  bytes.Double(ellipse.x);
-  bytes.Double(ellipse.y);
+  frame_.PutTurn(ellipse.rotation_degrees);
+  frame_.PutCenter(ellipse.x, ellipse.y);
   const double start = shape.start_degrees * kRadiansPerDegree;
   const double end = start + shape.sweep_degrees * kRadiansPerDegree;
   CoverArc(frame_.Range(), ellipse, std::min(start, end), std::max(start, end));
@@ -117,8 +98,8 @@ void ElementWriter::Text(const ElementStyle& style, const TextShape& shape, cons
   bytes.Byte(shape.justification);
   bytes.Long(shape.length_multiplier);
   bytes.Long(shape.height_multiplier);
-  bytes.Long(TurnUnits(shape.rotation_degrees));
-  bytes.Point(origin);
+  frame_.PutTurn(shape.rotation_degrees);
+  frame_.PutPoint(origin);
   bytes.Byte(static_cast<std::uint8_t>(text.size()));
   bytes.Byte(0);
   bytes.Raw(text);
@@ -155,11 +136,9 @@ void ElementWriter::BeginCell(const ElementStyle& style, std::string_view name, 
   bytes.Word(0);
   bytes.Words(packed);
   bytes.Word(static_cast<std::uint16_t>(1U << (style.element_class & 15U)));
-  bytes.Zeros(8 + 16);
-  bytes.Long(kUnitMatrixEntry);
   bytes.Zeros(8);
-  bytes.Long(kUnitMatrixEntry);
-  bytes.Point(origin);
+  frame_.PutCellPlace();
+  frame_.PutPoint(origin);
   frame_.EndHeader(linkages.Words(), {.length = 36, .level_map = 44, .range = 52}, origin);
 }
 
@@ -178,8 +157,8 @@ void ElementWriter::BeginTextNode(const ElementStyle& style, const TextShape& sh
   bytes.Long(spacing);
   bytes.Long(shape.length_multiplier);
   bytes.Long(shape.height_multiplier);
-  bytes.Long(TurnUnits(shape.rotation_degrees));
-  bytes.Point(origin);
+  frame_.PutTurn(shape.rotation_degrees);
+  frame_.PutPoint(origin);
   frame_.EndHeader(linkages.Words(), {.length = 36, .count = 38});
 }
 

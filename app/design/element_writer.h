@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -39,8 +40,8 @@ struct TextShape {
   double rotation_degrees = 0.0;
 };
 
-/// Writes the elements of a two-dimensional design, one call each. What is written between a Begin... and its
-/// End is a component of the complex element.
+/// Writes the elements of a design, one call each. What is written between a Begin... and its End is a
+/// component of the complex element.
 class ElementWriter {
  public:
   /// Line strings, shapes and curves of one element have no more vertices than this.
@@ -48,15 +49,20 @@ class ElementWriter {
   /// Texts have no more bytes than this.
   static constexpr std::size_t kMaxCharacters = 255;
 
-  /// Appends to `bytes`, which must live on.
-  explicit ElementWriter(ElementBytes& bytes) : frame_(bytes) {}
+  /// Appends to `bytes`, which must live on. With a `height`, in units of resolution, the design is
+  /// three-dimensional, and everything lies there.
+  explicit ElementWriter(ElementBytes& bytes, std::optional<std::int32_t> height = std::nullopt)
+      : frame_(bytes, height) {}
+
+  [[nodiscard]] bool Is3D() const noexcept { return frame_.Is3D(); }
 
   /// For elements of other types.
   [[nodiscard]] ElementFrame& Frame() noexcept { return frame_; }
 
   void Line(const ElementStyle& style, const Pelor::DGN::point2d& start, const Pelor::DGN::point2d& end,
             const LinkageWords& linkages);
-  /// A line string, shape, curve or point string of at most `kMaxVertices` points.
+  /// A line string, shape, curve or point string of at most `kMaxVertices` points. Those of a point string
+  /// are not turned: in space, no rotations follow them.
   void Vertices(Pelor::DGN::EType type, const ElementStyle& style,
                 std::span<const Pelor::DGN::point2d> points, const LinkageWords& linkages);
   void Ellipse(const ElementStyle& style, const EllipseShape& shape, const LinkageWords& linkages);

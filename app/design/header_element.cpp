@@ -87,6 +87,7 @@ void SetHeaderUnits(ElementBytes& bytes, std::size_t position, const WorkingUnit
   bytes.SetDouble(position + kUorsPerSub, units.uors_per_sub);
   bytes.SetDouble(position + kOrigin, units.origin_x);
   bytes.SetDouble(position + kOrigin + 8, units.origin_y);
+  if (units.origin_z) bytes.SetDouble(position + kOrigin + 16, *units.origin_z);
 }
 
 void WriteHeaderElement(ElementBytes& bytes, const WorkingUnits& units, const Vanth::BoundsXY& extent) {

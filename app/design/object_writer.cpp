@@ -50,7 +50,7 @@ ObjectWriter::ObjectWriter(ElementBytes& bytes, Palette& palette, const Settings
       tolerance_(settings.tolerance),
       largest_move_(settings.largest_move),
       palette_(palette),
-      elements_(bytes),
+      elements_(bytes, units_.Height()),
       paths_(elements_, settings.last_graphic_group),
       texts_(elements_, units_, settings.charset, notes_) {}
 
@@ -110,7 +110,7 @@ std::string_view ObjectWriter::Put(const MI::WPLineBody& pline, const ObjectLook
     }
     if (!AppendPoints(vertices)) return kOffPlane;
     part_sizes_.push_back(vertices.size());
-    is_cut = is_cut || !PathWriter::FitsOneElement(vertices.size(), smooth);
+    is_cut = is_cut || !paths_.FitsOneElement(vertices.size(), smooth);
   }
   if (part_sizes_.empty()) return kTooFewVertices;
 
@@ -220,13 +220,13 @@ std::string_view ObjectWriter::PutRings(const MI::WPLineBody& outline, const Sty
   }
   if (part_sizes_.empty()) return kTooFewVertices;
 
-  const auto fits = [](std::size_t size) { return PathWriter::FitsOneElement(size); };
+  const auto fits = [this](std::size_t size) { return paths_.FitsOneElement(size); };
   if (!std::all_of(part_sizes_.begin(), part_sizes_.end(), fits)) {
     Note(kCutRing);
     PutLooseRings(style, look, filled);
   } else if (part_sizes_.size() == 1) {
     paths_.Ring(style, points_, filled);
-  } else if (PathWriter::FitOneCell(part_sizes_, look.linkages)) {
+  } else if (paths_.FitOneCell(part_sizes_, look.linkages)) {
     PutCell(style, look, filled);
   } else {
     Note(kLooseRings);
@@ -254,7 +254,7 @@ void ObjectWriter::PutLooseRings(Style style, const ObjectLook& look, const Link
   if (style.graphic_group == 0) Note(kNoGraphicGroup);
   std::span<const DGN::point2d> rest = points_;
   for (const std::size_t size : part_sizes_) {
-    const bool is_area = !style.hole && PathWriter::FitsOneElement(size);
+    const bool is_area = !style.hole && paths_.FitsOneElement(size);
     paths_.Ring(style, rest.first(size), is_area ? filled : look.linkages);
     style.hole = true;
     rest = rest.subspan(size);

@@ -18,35 +18,50 @@ constexpr std::size_t kCurveSegments = kCurveVertices - 1;
 
 // Sizes in words.
 constexpr std::size_t kLineStringHead = 19;
-constexpr std::size_t kVertex = 4;
 constexpr std::size_t kComplexHead = 20;
-constexpr std::size_t kCellHead = 46;
 /// Of the head of every complex element, what comes before its description.
 constexpr std::size_t kUndescribed = 19;
 constexpr std::size_t kMostLinkages = 16;
 
+/// What differs between the plane and space.
+struct Sizes {
+  std::size_t vertex;
+  std::size_t cell_head;
+};
+constexpr Sizes kPlane = {4, 46};
+constexpr Sizes kSpace = {6, 62};
+
 /// Words of a complex element of so many components that hold so many vertices together.
-constexpr std::size_t ComplexWords(std::size_t components, std::size_t vertices, std::size_t linkage_words) {
-  return kComplexHead + linkage_words + components * kLineStringHead + vertices * kVertex;
+constexpr std::size_t ComplexWords(const Sizes& sizes, std::size_t components, std::size_t vertices,
+                                   std::size_t linkage_words) {
+  return kComplexHead + linkage_words + components * kLineStringHead + vertices * sizes.vertex;
 }
 
 /// Components repeat the vertex of their joint.
-constexpr std::size_t PathWords(std::size_t vertices, std::size_t linkage_words) {
-  if (vertices <= ElementWriter::kMaxVertices) return kLineStringHead + kVertex * vertices + linkage_words;
+constexpr std::size_t PathWords(const Sizes& sizes, std::size_t vertices, std::size_t linkage_words) {
+  if (vertices <= ElementWriter::kMaxVertices) {
+    return kLineStringHead + sizes.vertex * vertices + linkage_words;
+  }
   const std::size_t components = (vertices - 1 + kSegments - 1) / kSegments;
-  return ComplexWords(components, vertices + components - 1, linkage_words);
+  return ComplexWords(sizes, components, vertices + components - 1, linkage_words);
 }
 
-constexpr std::size_t SmoothPathWords(std::size_t vertices, std::size_t linkage_words) {
+constexpr std::size_t SmoothPathWords(const Sizes& sizes, std::size_t vertices, std::size_t linkage_words) {
   const std::size_t components = (vertices - 1 + kCurveSegments - 1) / kCurveSegments;
-  return ComplexWords(components, vertices + components - 1 + components * 2 * kSlopeVertices, linkage_words);
+  return ComplexWords(sizes, components, vertices + components - 1 + components * 2 * kSlopeVertices,
+                      linkage_words);
 }
 
-constexpr std::size_t kMostWords = ElementFrame::kMaxDescriptionWords + kUndescribed;
-static_assert(PathWords(PathWriter::kMaxVertices, kMostLinkages) <= kMostWords);
-static_assert(PathWords(PathWriter::kMaxVertices + 1, kMostLinkages) > kMostWords);
-static_assert(SmoothPathWords(PathWriter::kMaxSmoothVertices, kMostLinkages) <= kMostWords);
-static_assert(SmoothPathWords(PathWriter::kMaxSmoothVertices + 1, kMostLinkages) > kMostWords);
+/// Whether paths of so many vertices fit one element, and paths of one more do not.
+constexpr bool AreMost(const Sizes& sizes, std::size_t vertices, std::size_t smooth_vertices) {
+  constexpr std::size_t kMostWords = ElementFrame::kMaxDescriptionWords + kUndescribed;
+  return PathWords(sizes, vertices, kMostLinkages) <= kMostWords &&
+         PathWords(sizes, vertices + 1, kMostLinkages) > kMostWords &&
+         SmoothPathWords(sizes, smooth_vertices, kMostLinkages) <= kMostWords &&
+         SmoothPathWords(sizes, smooth_vertices + 1, kMostLinkages) > kMostWords;
+}
+static_assert(AreMost(kPlane, PathWriter::kMaxVertices, PathWriter::kMaxSmoothVertices));
+static_assert(AreMost(kSpace, PathWriter::kMaxVertices3D, PathWriter::kMaxSmoothVertices3D));
 
 /// The point as far behind `end` as `end` is behind `before`, times `factor`.
 DGN::point2d Beyond(const DGN::point2d& end, const DGN::point2d& before, std::int64_t factor) {
@@ -103,16 +118,22 @@ void PathWriter::Ring(const ElementStyle& style, std::span<const DGN::point2d> p
   }
 }
 
-bool PathWriter::FitOneCell(std::span<const std::size_t> vertices, const LinkageWords& linkages) {
-  const std::size_t linkage_words = linkages.Words().size();
-  std::size_t words = kCellHead + linkage_words - kUndescribed;
-  for (const std::size_t ring : vertices) words += PathWords(ring, kMostLinkages);
+bool PathWriter::FitOneCell(std::span<const std::size_t> vertices,
+                            const LinkageWords& linkages) const noexcept {
+  const Sizes& sizes = elements_.Is3D() ? kSpace : kPlane;
+  std::size_t words = sizes.cell_head + linkages.Words().size() - kUndescribed;
+  for (const std::size_t ring : vertices) words += PathWords(sizes, ring, kMostLinkages);
   return words <= ElementFrame::kMaxDescriptionWords;
 }
 
 std::uint16_t PathWriter::NewGraphicGroup() noexcept {
   if (last_graphic_group_ == std::numeric_limits<std::uint16_t>::max()) return 0;
   return ++last_graphic_group_;
+}
+
+std::size_t PathWriter::MostVertices(bool smooth) const noexcept {
+  if (elements_.Is3D()) return smooth ? kMaxSmoothVertices3D : kMaxVertices3D;
+  return smooth ? kMaxSmoothVertices : kMaxVertices;
 }
 
 void PathWriter::Pieces(const ElementStyle& style, std::span<const DGN::point2d> points) {
@@ -125,7 +146,7 @@ void PathWriter::Pieces(const ElementStyle& style, std::span<const DGN::point2d>
 
 void PathWriter::CutPath(const ElementStyle& style, std::span<const DGN::point2d> points,
                          const LinkageWords& linkages, bool smooth) {
-  const std::size_t most = smooth ? kMaxSmoothVertices : kMaxVertices;
+  const std::size_t most = MostVertices(smooth);
   ElementStyle grouped = style;
   grouped.hole = false;
   if (grouped.graphic_group == 0) grouped.graphic_group = NewGraphicGroup();

@@ -19,14 +19,17 @@ class PathWriter {
   static constexpr std::size_t kMaxVertices = 15489;
   /// The same for a smooth path, whose components have fewer segments.
   static constexpr std::size_t kMaxSmoothVertices = 14869;
+  /// Both in space, where vertices are longer.
+  static constexpr std::size_t kMaxVertices3D = 10483;
+  static constexpr std::size_t kMaxSmoothVertices3D = 10063;
 
   /// `last_graphic_group` is the highest number that is in use.
   PathWriter(ElementWriter& elements, std::uint16_t last_graphic_group)
       : elements_(elements), last_graphic_group_(last_graphic_group) {}
 
   /// Whether a path or ring does not have to be cut.
-  [[nodiscard]] static bool FitsOneElement(std::size_t vertices, bool smooth = false) {
-    return vertices <= (smooth ? kMaxSmoothVertices : kMaxVertices);
+  [[nodiscard]] bool FitsOneElement(std::size_t vertices, bool smooth = false) const noexcept {
+    return vertices <= MostVertices(smooth);
   }
 
   /// A path of two vertices or more. What has to be cut joins the style's graphic group, or a new one.
@@ -40,12 +43,15 @@ class PathWriter {
             const LinkageWords& linkages);
 
   /// Whether rings, as ranges of vertices, fit one cell.
-  [[nodiscard]] static bool FitOneCell(std::span<const std::size_t> vertices, const LinkageWords& linkages);
+  [[nodiscard]] bool FitOneCell(std::span<const std::size_t> vertices,
+                                const LinkageWords& linkages) const noexcept;
 
   /// A number that no element has yet; 0, which groups nothing, when all are in use.
   [[nodiscard]] std::uint16_t NewGraphicGroup() noexcept;
 
  private:
+  /// Of one element.
+  [[nodiscard]] std::size_t MostVertices(bool smooth) const noexcept;
   void Pieces(const ElementStyle& style, std::span<const Pelor::DGN::point2d> points);
   void CutPath(const ElementStyle& style, std::span<const Pelor::DGN::point2d> points,
                const LinkageWords& linkages, bool smooth);

@@ -53,6 +53,7 @@ WorkingUnits UnitsOf(const DesignHeader& header) {
   units.sub_name = header.sub_name;
   units.origin_x = header.origin[0];
   units.origin_y = header.origin[1];
+  if (header.is_3d) units.origin_z = header.origin[2];
   return units;
 }
 
@@ -61,7 +62,6 @@ WorkingUnits UnitsOf(const DesignHeader& header) {
 Seed Seed::Read(const std::filesystem::path& path) {
   const Input input = RecogniseInput(path);
   if (!input.IsDesign()) Refuse(path, "it is no design file");
-  if (input.kind == InputKind::kDesign3D) Refuse(path, "it is three-dimensional");
 
   Seed seed;
   seed.path = path;

@@ -24,7 +24,7 @@ struct Seed {
   std::uint16_t last_graphic_group = 0;  ///< the highest of its elements
   bool has_keys = false;                 ///< whether elements carry keys of the entity of a design's table
 
-  /// Throws `Failure` for a file that is no two-dimensional design with units and an end word.
+  /// Throws `Failure` for a file that is no design with units and an end word.
   [[nodiscard]] static Seed Read(const std::filesystem::path& path);
 };
 

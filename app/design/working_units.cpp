@@ -1,6 +1,7 @@
 #include "app/design/working_units.h"
 
 #include "app/design/element_writer.h"
+#include "app/design/uor_point.h"
 #include "app/io/failure.h"
 #include <pelor/base.h>
 
@@ -221,6 +222,11 @@ bool FindPower(WorkingUnits& units, const MapMeasure& measure, const UnitNames& 
 
 }  // namespace
 
+std::optional<std::int32_t> WorkingUnits::Height() const noexcept {
+  if (!origin_z) return std::nullopt;
+  return RoundedToPlane(*origin_z, 0).x;
+}
+
 std::string PrintedNumber(double value) {
   std::array<char, Tobri::kGeneralSize> text{};
   return {text.data(), Tobri::FormatGeneral(text.data(), value, kDigits)};
@@ -299,6 +305,7 @@ WorkingUnits ChangeUnits(const WorkingUnits& units, const UnitChoice& choice) {
     const double factor = changed.UorsPerMaster() / units.UorsPerMaster();
     changed.origin_x = std::round(units.origin_x * factor);
     changed.origin_y = std::round(units.origin_y * factor);
+    if (units.origin_z) changed.origin_z = std::round(*units.origin_z * factor);
   }
   if (choice.middle) {
     changed.origin_x = -std::round(choice.middle->x * changed.UorsPerMaster());
@@ -328,8 +335,13 @@ double HalfOfLastDigit(const WorkingUnits& units, const MapMeasure& measure) {
 }
 
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent) {
-  if (extent.IsEmpty()) return;
   const double scale = units.UorsPerMaster();
+  if (units.origin_z && !IsOnPlane(*units.origin_z)) {
+    throw Failure("the height 0 does not fit: at " + PrintedNumber(scale) + " units of resolution per " +
+                  units.master_name + " the design cube reaches from " + PlaneAxis(scale, *units.origin_z) +
+                  " " + units.master_name + " in height");
+  }
+  if (extent.IsEmpty()) return;
   if (!Fits(extent.Min().x, extent.Max().x, scale, units.origin_x) ||
       !Fits(extent.Min().y, extent.Max().y, scale, units.origin_y)) {
     ThrowDoesNotFit(units, extent);

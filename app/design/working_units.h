@@ -21,12 +21,15 @@ struct WorkingUnits {
   std::string sub_name = "mm";
   double origin_x = 0.0;  ///< in units of resolution
   double origin_y = 0.0;
+  std::optional<double> origin_z;  ///< of a three-dimensional design
 
   [[nodiscard]] double UorsPerMaster() const noexcept {
     return static_cast<double>(subs_per_master) * static_cast<double>(uors_per_sub);
   }
   [[nodiscard]] double X(double x) const noexcept { return x * UorsPerMaster() + origin_x; }
   [[nodiscard]] double Y(double y) const noexcept { return y * UorsPerMaster() + origin_y; }
+  /// Where the map lies in a three-dimensional design: at 0 master units, in units of resolution.
+  [[nodiscard]] std::optional<std::int32_t> Height() const noexcept;
 };
 
 /// A number as coordinates are printed, with ten significant digits at most.
@@ -89,7 +92,8 @@ struct UnitChoice {
 /// Half of the last digit that coordinates have, in units of resolution: what rounding may move them by.
 [[nodiscard]] double HalfOfLastDigit(const WorkingUnits& units, const MapMeasure& measure);
 
-/// Throws `Failure`, with the numbers, when the extent does not lie on the plane.
+/// Throws `Failure`, with the numbers, when the extent does not lie on the plane, or the height 0 not in the
+/// cube of a three-dimensional design.
 void ThrowUnlessFits(const WorkingUnits& units, const Vanth::BoundsXY& extent);
 
 }  // namespace App

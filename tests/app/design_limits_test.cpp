@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <tests/app/design_elements.h>
 #include <tests/app/sink_conversion.h>
 #include <tests/dgn/words.h>
 #include <vector>
@@ -141,6 +142,58 @@ TEST(DesignLimitsTest, TheDescriptionOfTheLargestPathIsAlmostFull) {
   conversion.Add(Ring(PathWriter::kMaxVertices)).Run();
   // With both linkages; a vertex takes four words.
   EXPECT_EQ(conversion.Drawing().at(0).Word(36), 65534);
+}
+
+/// Starts from a three-dimensional design.
+void UseSpace(SinkConversion& conversion) {
+  conversion.is_3d = true;
+  conversion.options.units.uors_per_master = 1000;
+  conversion.options.seed =
+      conversion.folder.Write("seed.dgn", app_test::DesignBytes("", {.is_3d = true, .uors_per_sub = 1}));
+}
+
+TEST(DesignLimitsTest, InSpaceElementsHoldFewerVertices) {
+  const std::size_t most = PathWriter::kMaxVertices3D;
+  const std::size_t most_smooth = PathWriter::kMaxSmoothVertices3D;
+  struct Case {
+    Object object;
+    const char* outline;
+  };
+  for (const Case& c : {
+           Case{Circle(101), "4"},
+           Case{Circle(102), "12 +4*2"},
+           Case{Circle(most), "12 +4*105"},
+           Case{Circle(most + 1), "12 +4*105 4"},
+           Case{Ring(most), "14 +4*105"},
+           Case{Ring(most + 1), "12 +4*105 4"},
+           Case{Circle(97, true), "11"},
+           Case{Circle(most_smooth, true), "12 +11*105"},
+           Case{Circle(most_smooth + 1, true), "12 +11*105 11"},
+       }) {
+    SinkConversion conversion;
+    UseSpace(conversion);
+    conversion.Add(c.object).Run();
+    EXPECT_EQ(Outline(conversion.Drawing()), c.outline);
+  }
+  SinkConversion conversion;
+  UseSpace(conversion);
+  conversion.Add(Ring(most)).Run();
+  // With both linkages; a vertex takes six words.
+  EXPECT_EQ(conversion.Drawing().at(0).Word(36), 65534);
+}
+
+TEST(DesignLimitsTest, InSpaceCellsHoldFewerVertices) {
+  const auto outline = [](std::size_t second) {
+    const MI::WPLineObj rings(nullptr, MI::Pen(), false);
+    AddPart(*rings, 9000);
+    AddPart(*rings, second, 5000);
+    SinkConversion conversion;
+    UseSpace(conversion);
+    conversion.Add(MI::WRegionObj(rings, MI::Brush{2, 0, -1})).Run();
+    return Outline(conversion.Drawing());
+  };
+  EXPECT_EQ(outline(1000), "2 +14 +4*90 +14 +4*10");
+  EXPECT_EQ(outline(2000), "14 +4*90 14 +4*20");
 }
 
 TEST(DesignLimitsTest, SmoothPathsKeepTheirDirectionAcrossJoints) {

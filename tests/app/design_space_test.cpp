@@ -122,6 +122,9 @@ TEST(DesignSpaceTest, TurnsTextsInThePlan) {
   EXPECT_EQ(Objects(text(Level(), 0)), "Text \"HELLO\" | 1 2 1.3 2.09 | Font (\"Arial\", 0, 0, 0)\n");
   const std::string turned = Objects(text(AboutZ(90), 0));
   EXPECT_EQ(turned, "Text \"HELLO\" | 0.91 1.91 1.21 2 | Font (\"Arial\", 0, 0, 0) |  Angle 90\n");
+  // What a rotation has from its own rounding does not show: 2^-31 of it are 0.00000005 degrees.
+  const std::string tenths = Objects(text(AboutZ(-29.9), 0));
+  EXPECT_EQ(tenths.substr(tenths.find("Angle")), "Angle 330.1\n");
   EXPECT_EQ(Convert(text(Level(), 1), {}, true).Counts(), Dropped("Text"));
   EXPECT_EQ(Convert(text(Level(), 0), {}, true).Counts(), "Text 1=1+0");
   // Tilted by 60 degrees about its base line, half of its height is seen.

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <string>
-#include <tests/app/design_elements.h>
 #include <tests/app/failure_text.h>
 #include <tests/app/sink_conversion.h>
 
@@ -183,7 +182,6 @@ TEST(SeedTest, RefusesWhatIsNoSeed) {
     const char* reason;
   } cases[] = {
       {"cut.dgn", SeedBytes().substr(0, 1536 + 52), "it ends without an end word"},
-      {"space.dgn", app_test::DesignBytes("", {.is_3d = true}), "it is three-dimensional"},
       {"lines.dgn", std::string(lines.View()) + std::string(kEndWord), "it has no design file header"},
       {"unitless.dgn", std::string(unitless.View()) + std::string(kEndWord), "it has no working units"},
       {"map.mif", "Version 300\nData\n", "it is no design file"},

@@ -62,7 +62,7 @@ class SinkConversion {
     std::vector<ElementView> elements;
     for (std::size_t at = 0; at + 4 <= bytes_.size() && Word(at) != 0xFFFF;) {
       const std::size_t size = std::min(4 + 2 * std::size_t{Word(at + 2)}, bytes_.size() - at);
-      elements.emplace_back(std::span<const char>(bytes_).subspan(at, size), false);
+      elements.emplace_back(std::span<const char>(bytes_).subspan(at, size), is_3d);
       at += size;
     }
     return elements;
@@ -77,6 +77,7 @@ class SinkConversion {
   Schema schema;
   DesignSinkOptions options;
   bool overwrite = false;
+  bool is_3d = false;  ///< the design that is written
   Account account;
 
  private:
