@@ -203,6 +203,9 @@ void DesignSink::StateAssumptions(Account& account) const {
     account.Assume("the coordinates of the map, in " + start_.map_unit + ", are taken for " +
                    units.master_name + " as they are");
   }
+  if (start_.seed && !start_.seed->has_end_word) {
+    account.Assume("the seed has no end-of-design word: it ends where its file does");
+  }
   if (units.origin_z) account.Assume("the seed is three-dimensional: everything lies at its height 0");
   if (!start_.keeps_all_digits) {
     account.Assume("coordinates are rounded to " + PrintedNumber(1.0 / units.UorsPerMaster()) + " " +

@@ -2,17 +2,16 @@
 
 #include "app/design/color_table.h"
 #include "app/design/design_header.h"
+#include "app/design/element_cursor.h"
 #include "app/design/element_view.h"
-#include "app/design/header_element.h"
 #include "app/design/linkage.h"
 #include "app/io/failure.h"
 #include "app/io/input_kind.h"
-#include "app/io/library_name.h"
 #include <pelor/dgn.h>
 
 #include <algorithm>
+#include <span>
 #include <string>
-#include <vector>
 
 namespace App {
 
@@ -22,15 +21,6 @@ namespace {
 
 [[noreturn]] void Refuse(const std::filesystem::path& path, const char* reason) {
   throw Failure(path.string() + " cannot be a seed: " + reason);
-}
-
-/// The bytes of the current element, from its first word on.
-std::vector<char> CurrentElement(DGN::File& file) {
-  const DGN::EHeader header = file.GetEHeader();
-  std::vector<char> bytes(DGN::EHeader::kBytes + 2 * std::size_t{header.words_to_follow});
-  file.EBodyRPosition(-static_cast<long>(DGN::EHeader::kBytes));
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return bytes;
 }
 
 /// Whether one of the element's linkages names a row of the entity of a design's table.
@@ -66,39 +56,34 @@ Seed Seed::Read(const std::filesystem::path& path) {
   Seed seed;
   seed.path = path;
   bool has_header = false;
-  const LibraryName name(input);
-  DGN::File file(name.Get().string(), std::ios_base::in);
-  for (; file; file.Next(false)) {
-    const DGN::EType type = file.GetEHeader().Type();
-    if (type == DGN::DesignHeaderType && !has_header) {
-      const std::vector<char> element = CurrentElement(file);
-      const DesignHeader header = DesignHeader::Decode(element);
-      if (element.size() < DesignHeader::kBytes || !header.HasUnits())
-        Refuse(path, "it has no working units");
+  ElementCursor cursor(input);
+  for (; cursor.Peek(); cursor.Take()) {
+    const ElementView& element = cursor.Element();
+    const std::span<const char> bytes = element.Bytes();
+    if (element.Type() == DGN::DesignHeaderType && !has_header) {
+      const DesignHeader header = DesignHeader::Decode(bytes);
+      if (bytes.size() < DesignHeader::kBytes || !header.HasUnits()) Refuse(path, "it has no working units");
       has_header = true;
-      seed.header_position = file.CurrentPosition();
-      seed.header.Raw({element.data(), element.size()});
+      seed.header_position = cursor.Current();
+      seed.header.Raw({bytes.data(), bytes.size()});
       seed.units = UnitsOf(header);
-    } else if (type == DGN::GroupType && !seed.colors) {
-      const std::vector<char> element = CurrentElement(file);
+    } else if (element.Type() == DGN::GroupType && !seed.colors) {
       ColorTable table;
-      if (!table.Decode(ElementView(element, false))) continue;
+      if (!table.Decode(element)) continue;
       table.KeepIndex0(true);
       seed.colors.emplace();
       for (std::size_t i = 0; i < Palette::kColors; ++i) {
         (*seed.colors)[i] = table[static_cast<std::uint8_t>(i)];
       }
-    } else if (DGN::TypeClass(type) == DGN::Displayable) {
-      const DGN::DEHeader header = file.GetDEHeader();
-      seed.last_graphic_group = std::max(seed.last_graphic_group, header.graphic_group);
-      if (header.HasAttributes() && !seed.has_keys) {
-        seed.has_keys = HasKey(ElementView(CurrentElement(file), false));
-      }
+    } else if (element.HasDisplayableHeader()) {
+      seed.last_graphic_group = std::max(seed.last_graphic_group, element.Header().graphic_group);
+      seed.has_keys = seed.has_keys || HasKey(element);
     }
   }
-  if (!file.AtEnd()) Refuse(path, "it ends without an end word");
+  if (cursor.GetEnd() == ElementCursor::End::kCutOff) Refuse(path, "it ends inside an element");
   if (!has_header) Refuse(path, "it has no design file header");
-  seed.length = file.CurrentPosition();
+  seed.has_end_word = cursor.GetEnd() == ElementCursor::End::kEndWord;
+  seed.length = cursor.Current();
   return seed;
 }
 

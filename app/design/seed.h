@@ -15,7 +15,8 @@ namespace App {
 /// What a design file gives to the designs that start from it: all its elements, and so its units.
 struct Seed {
   std::filesystem::path path;
-  std::int64_t length = 0;           ///< up to its end word
+  std::int64_t length = 0;           ///< of its elements
+  bool has_end_word = true;          ///< behind them
   std::int64_t header_position = 0;  ///< of the design file header
   ElementBytes header;               ///< that element
   WorkingUnits units;
@@ -24,7 +25,7 @@ struct Seed {
   std::uint16_t last_graphic_group = 0;  ///< the highest of its elements
   bool has_keys = false;                 ///< whether elements carry keys of the entity of a design's table
 
-  /// Throws `Failure` for a file that is no design with units and an end word.
+  /// Throws `Failure` for a file that is no design with units, and for one that ends inside an element.
   [[nodiscard]] static Seed Read(const std::filesystem::path& path);
 };
 

@@ -168,6 +168,24 @@ TEST(SeedTest, IsNeverReplaced) {
   EXPECT_EQ(ReadWhole(conversion.folder / "map.dgn"), SeedBytes());
 }
 
+TEST(SeedTest, NeedsNoEndWord) {
+  const std::string elements = SeedBytes().substr(0, 1536 + 52);
+  for (const std::size_t filler : {0U, 460U}) {
+    SinkConversion conversion;
+    conversion.options.units = {};
+    conversion.options.seed = conversion.folder.Write("seed.dgn", elements + std::string(filler, '\0'));
+    conversion.Add(TwoParts()).Run();
+    EXPECT_EQ(conversion.Bytes().substr(0, elements.size()), elements);
+    ASSERT_EQ(conversion.Elements().size(), 5U);
+    EXPECT_EQ(conversion.Elements()[2].Type(), DGN::GroupType);
+    EXPECT_EQ(conversion.Elements()[3].Header().graphic_group, 42);
+    const std::vector<std::string>& said = conversion.account.GetAssumptions();
+    EXPECT_NE(std::find(said.begin(), said.end(),
+                        "the seed has no end-of-design word: it ends where its file does"),
+              said.end());
+  }
+}
+
 TEST(SeedTest, RefusesWhatIsNoSeed) {
   const ScratchFolder folder;
   ElementBytes lines;
@@ -181,7 +199,7 @@ TEST(SeedTest, RefusesWhatIsNoSeed) {
     std::string bytes;
     const char* reason;
   } cases[] = {
-      {"cut.dgn", SeedBytes().substr(0, 1536 + 52), "it ends without an end word"},
+      {"cut.dgn", SeedBytes().substr(0, 1536 + 50), "it ends inside an element"},
       {"lines.dgn", std::string(lines.View()) + std::string(kEndWord), "it has no design file header"},
       {"unitless.dgn", std::string(unitless.View()) + std::string(kEndWord), "it has no working units"},
       {"map.mif", "Version 300\nData\n", "it is no design file"},
