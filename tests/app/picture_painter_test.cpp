@@ -104,6 +104,36 @@ TEST(PainterTest, APolylineThatComesBackIntoThePictureIsDrawnThereAgain) {
   EXPECT_EQ(sheet.Ink(), 3 * 2 * 200);
 }
 
+TEST(PainterTest, TrianglesAreFilled) {
+  const Sheet sheet("Region 1\n3\n50 10\n150 10\n100 90\nPen (1,1,0) Brush (2,255)\n");
+  EXPECT_EQ(sheet.At(100, 70), kBlue);
+  EXPECT_EQ(sheet.At(55, 30), kWhite);
+}
+
+TEST(PainterTest, AreasFarBeyondASideAreFilledUpToIt) {
+  const std::string style = "Pen (1,1,0) Brush (2,255)\n";
+  const Sheet up("Region 1\n4\n50 40\n150 40\n150 1e7\n50 1e7\n" + style);
+  EXPECT_EQ(up.Ink(), 100 * 60);
+  EXPECT_EQ(up.At(100, 0), kBlue);
+  const Sheet down("Region 1\n4\n50 40\n150 40\n150 -1e7\n50 -1e7\n" + style);
+  EXPECT_EQ(down.Ink(), 100 * 40);
+  EXPECT_EQ(down.At(100, 99), kBlue);
+  const Sheet left("Region 1\n4\n50 40\n50 60\n-1e7 60\n-1e7 40\n" + style);
+  EXPECT_EQ(left.Ink(), 50 * 20);
+  EXPECT_EQ(left.At(0, 50), kBlue);
+  const Sheet right("Region 1\n4\n50 40\n50 60\n1e7 60\n1e7 40\n" + style);
+  EXPECT_EQ(right.Ink(), 150 * 20);
+  EXPECT_EQ(right.At(199, 50), kBlue);
+}
+
+TEST(PainterTest, BrushesWithoutColourDrawNothingOverWhatIsThere) {
+  const Sheet sheet(
+      "Rect 0 0 200 100\nPen (1,1,0) Brush (2,255)\nText \"\xE2\x96\x88\"\n20 20 180 80\n"
+      "Font (\"Arial\",0,0,-1)\n");
+  EXPECT_EQ(sheet.Ink(), 200 * 100);
+  EXPECT_EQ(sheet.At(30, 50), kBlue);
+}
+
 TEST(PainterTest, PartsOfAPolylineAreNotJoined) {
   const Sheet sheet("PLine Multiple 2\n2\n10 80\n90 80\n2\n110 20\n190 20\nPen (2,2,0)\n");
   EXPECT_EQ(sheet.At(50, 20), kBlack);

@@ -1,6 +1,8 @@
 #include "tests/app/picture_tools.h"
 
 #include <cmath>
+#include <iterator>
+#include <string>
 
 namespace App {
 namespace {
@@ -122,6 +124,7 @@ TEST(BrushTest, PatternsHaveABackgroundWhenTheyNameOne) {
   const Sheet sheet = SheetOfBrush("4,255,16711680");
   EXPECT_EQ(sheet.At(42, 50), kRed);
   EXPECT_EQ(sheet.At(48, 50), kBlue);
+  EXPECT_EQ(SheetOfBrush("4,255,0").At(42, 50), kBlack);
 }
 
 TEST(BrushTest, BrushesOfOnePatternInTwoColoursAreTwo) {
@@ -146,6 +149,32 @@ TEST(BrushTest, TexturesHaveTheirDensity) {
 TEST(BrushTest, PatternsBelowOneAreHatches) {
   EXPECT_EQ(SheetOfBrush("0,255").Ink(), SheetOfBrush("3,255").Ink());
   EXPECT_EQ(SheetOfBrush("-5,255").Ink(), SheetOfBrush("3,255").Ink());
+}
+
+// Dashes and gaps of a pattern, in pen widths.
+std::string DashesOf(std::int32_t pattern, std::int32_t width = 1) {
+  std::string text;
+  for (const double dash : PenStyle({.width = width, .pattern = pattern, .color = 0}).GetDashes()) {
+    text += (text.empty() ? "" : " ") + std::to_string(static_cast<int>(dash / width));
+  }
+  return text;
+}
+
+TEST(PenStyleTest, PatternsHaveTheirDashes) {
+  const char* const dashes[] = {"1 2",      "1 4",      "3 2",      "6 3",      "8 5",      "12 4",
+                                "16 6",     "24 8",     "10 10",    "16 16",    "24 16",    "8 3 2 3",
+                                "16 4 2 4", "16 4 6 4", "24 6 8 6", "16 4 4 4", "24 4 2 4", "8 3 2 3 2 3"};
+  for (std::int32_t i = 0; i < std::ssize(dashes); ++i) {
+    EXPECT_EQ(DashesOf(3 + i), dashes[i]) << 3 + i;
+    EXPECT_EQ(DashesOf(3 + i, 7), dashes[i]) << 3 + i;
+  }
+  EXPECT_EQ(DashesOf(21), "16 4 2 4 2 4");
+  EXPECT_EQ(DashesOf(22), "12 3 4 3 4 3");
+  EXPECT_EQ(DashesOf(23), "24 4 2 4 2 4");
+  EXPECT_EQ(DashesOf(24), "8 3 2 3 2 3 2 3");
+  EXPECT_EQ(DashesOf(25), "16 4 2 4 2 4 2 4");
+  EXPECT_EQ(DashesOf(26), "1 2") << "behind the last the first follows";
+  for (const std::int32_t solid : {-3, 0, 1, 2}) EXPECT_EQ(DashesOf(solid), "") << solid;
 }
 
 TEST(PenStyleTest, SizesBecomePixelsOf96ToTheInch) {

@@ -174,6 +174,15 @@ TEST(PictureTest, LevelsAreChosenByTheirColumn) {
   EXPECT_EQ(drawn.account.GetKinds().at("thing").skip_reasons.at(std::string(kOtherLevel)).count, 2);
 }
 
+TEST(PictureTest, TheColumnOfLevelsMayBeTheFirst) {
+  Schema schema;
+  schema.columns = {{"level", Pelor::MI::SmallInt_t(), 0}};
+  PictureOptions options = SmallPicture();
+  options.levels = ParseLevels("7");
+  const Drawn drawn = Draw(kTwoSquares, options, PictureFormat::kPng, {{"6"}, {"7"}}, schema);
+  EXPECT_EQ(Png(drawn.bytes).At(20, 20), kBlue);
+}
+
 TEST(PictureTest, LevelsNeedAColumn) {
   PictureOptions options = SmallPicture();
   options.levels = ParseLevels("1");
@@ -229,9 +238,16 @@ TEST(PictureFormatTest, FollowsFromTheExtension) {
 }
 
 TEST(ParseColorTest, KnowsNamesAndNumbers) {
-  EXPECT_EQ(ParseColor("white"), 0xFFFFFF);
+  const std::pair<const char*, const char*> names[] = {
+      {"black", "#000000"},   {"silver", "#c0c0c0"},  {"gray", "#808080"},  {"grey", "#808080"},
+      {"white", "#ffffff"},   {"maroon", "#800000"},  {"red", "#ff0000"},   {"purple", "#800080"},
+      {"fuchsia", "#ff00ff"}, {"magenta", "#ff00ff"}, {"green", "#008000"}, {"lime", "#00ff00"},
+      {"olive", "#808000"},   {"yellow", "#ffff00"},  {"navy", "#000080"},  {"blue", "#0000ff"},
+      {"teal", "#008080"},    {"aqua", "#00ffff"},    {"cyan", "#00ffff"},  {"orange", "#ffa500"},
+      {"beige", "#f5f5dc"},   {"ivory", "#fffff0"},
+  };
+  for (const auto& [name, number] : names) EXPECT_EQ(ParseColor(name), ParseColor(number)) << name;
   EXPECT_EQ(ParseColor("Red"), 0x0000FF);
-  EXPECT_EQ(ParseColor("blue"), 0xFF0000);
   EXPECT_EQ(ParseColor("#1a2B3c"), 0x3C2B1A);
   EXPECT_EQ(ParseColor("none"), -1);
   for (const char* text : {"", "#", "#12345", "#1234567", "#12345g", "reddish", "0xFFFFFF"}) {
@@ -248,6 +264,13 @@ TEST(IsDarkTest, WeighsColoursAsTheEyeDoes) {
   EXPECT_FALSE(IsDark(ParseColor("lime")));
   EXPECT_FALSE(IsDark(ParseColor("white")));
   EXPECT_TRUE(IsDark(ParseColor("#7f7f7f")));
+  // Red counts 0.299, green 0.587, blue 0.114.
+  EXPECT_TRUE(IsDark(ParseColor("#00da00")));
+  EXPECT_FALSE(IsDark(ParseColor("#00db00")));
+  EXPECT_TRUE(IsDark(ParseColor("#ff5800")));
+  EXPECT_FALSE(IsDark(ParseColor("#ff5900")));
+  EXPECT_TRUE(IsDark(ParseColor("#00a8ff")));
+  EXPECT_FALSE(IsDark(ParseColor("#00a9ff")));
   EXPECT_FALSE(IsDark(ParseColor("gray")));
   EXPECT_FALSE(IsDark(ParseColor("none")));
 }

@@ -168,6 +168,19 @@ TEST(TextTest, AHaloKeepsTheLettersApartFromWhatIsBehindThem) {
   EXPECT_GT(count(halo, kBlack), 100);
 }
 
+TEST(TextTest, BoldLettersAreNotSetWide) {
+  const std::string box = "20 30 180 60";
+  const double plain = TextSheet("Hamburg", box).InkBox().Width();
+  EXPECT_LT(TextSheet("Hamburg", box, "", "(\"Arial\",1,0,0)").InkBox().Width(), plain + 20);
+}
+
+TEST(TextTest, TheLineBelowStandsJustBelowTheLetters) {
+  const PictureBox plain = TextSheet("HHH", "20 30 180 70").InkBox();
+  const PictureBox underlined = TextSheet("HHH", "20 30 180 70", "", "(\"Arial\",4,0,0)").InkBox();
+  // The letter size is about 34: the line stands 4 below the letters' foot, and is 2 high.
+  EXPECT_NEAR(underlined.bottom - plain.bottom, 6, 1.5);
+}
+
 TEST(TextTest, HasItsColour) {
   const Sheet sheet =
       TextSheet("\xE2\x96\x88", "20 20 180 80", "", "(\"Arial\",0,0,16711680)");  // a full block
