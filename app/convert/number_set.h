@@ -17,9 +17,9 @@ class NumberSet {
 
   /// No numbers.
   NumberSet() = default;
-  /// Takes numbers, ranges and, where `words` is given, words, separated by commas, with or
-  /// without blanks around them. `what` names the thing in
-  /// the singular for the `Failure` that is thrown for anything else and for numbers beyond `highest`.
+  /// Takes numbers, ranges and, where `words` is given, words, separated by commas, with or without blanks
+  /// around them. `what` names the thing in the singular for the `Failure` that is thrown for anything else
+  /// and for numbers beyond `highest`.
   [[nodiscard]] static NumberSet Parse(std::string_view text, unsigned highest, std::string_view what,
                                        const Words& words = {});
   [[nodiscard]] static NumberSet All();

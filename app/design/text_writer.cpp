@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace App {
 
@@ -43,21 +42,27 @@ double Indent(std::int32_t justification) {
   return justification >= 0 && justification < 3 ? kShares[justification] : 0.0;
 }
 
-/// Takes the first line off the text; none is left behind the last one, which may be empty.
-std::string_view TakeLine(std::optional<std::string_view>& text) {
-  // Lines are parted by a line feed, or by the two characters \n.
-  const std::size_t feed = text->find('\n');
-  const std::size_t escape = text->find("\\n");
-  const std::size_t end = std::min(feed, escape);
-  std::string_view line = text->substr(0, end);
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-  if (end == std::string_view::npos) {
-    text.reset();
-  } else {
-    text->remove_prefix(end + (end == escape ? 2 : 1));
+/// The lines of a text, parted by a line feed or by the two characters \n. The last one may be empty.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view text) : rest_(text) {}
+
+  [[nodiscard]] bool HasNext() const { return has_next_; }
+  std::string_view Next() {
+    const std::size_t feed = rest_.find('\n');
+    const std::size_t escape = rest_.find("\\n");
+    const std::size_t end = std::min(feed, escape);
+    std::string_view line = rest_.substr(0, end);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    has_next_ = end != std::string_view::npos;
+    if (has_next_) rest_.remove_prefix(end + (end == escape ? 2 : 1));
+    return line;
   }
-  return line;
-}
+
+ private:
+  std::string_view rest_;
+  bool has_next_ = true;
+};
 
 bool IsTrail(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80;
@@ -89,8 +94,8 @@ struct TextWriter::Lettering {
   double width = 0.0;
 
   explicit Lettering(const MI::WTextBody& text) : pitch(Pitch(text.GetSpacing())) {
-    for (std::optional<std::string_view> rest = std::string_view(text.GetText()); rest; ++lines) {
-      longest = std::max(longest, CountCharacters(TakeLine(rest)));
+    for (LineReader reader(text.GetText()); reader.HasNext(); ++lines) {
+      longest = std::max(longest, CountCharacters(reader.Next()));
     }
     const Vanth::RectXY& box = text.GetBox();
     height = std::fabs(box.Height()) / (1.0 + pitch * (static_cast<double>(lines) - 1.0));
@@ -180,9 +185,9 @@ void TextWriter::SplitIntoPieces(std::string_view text) {
   piece_count_ = 0;
   bool is_cut = false;
   std::size_t line = 0;
-  for (std::optional<std::string_view> rest = text; rest && !is_cut; ++line) {
-    const std::string_view whole = TakeLine(rest);
-    is_cut = !SplitLine(whole, line, room) || (rest && room <= 1);
+  for (LineReader reader(text); reader.HasNext() && !is_cut; ++line) {
+    const std::string_view whole = reader.Next();
+    is_cut = !SplitLine(whole, line, room) || (reader.HasNext() && room <= 1);
     room -= std::min<std::size_t>(room, 1);
   }
   if (is_cut) notes_.push_back(kTooLong);
