@@ -82,8 +82,8 @@ class ClauseText {
   }
   template <std::size_t kWidth>
   void CopyEnds(const char* from, std::size_t size) {
-    std::array<char, kWidth> first;
-    std::array<char, kWidth> last;
+    std::array<char, kWidth> first = {};
+    std::array<char, kWidth> last = {};
     std::memcpy(first.data(), from, kWidth);
     std::memcpy(last.data(), from + size - kWidth, kWidth);
     std::memcpy(at_, first.data(), kWidth);
