@@ -153,8 +153,9 @@ TEST(BrushTest, PatternsBelowOneAreHatches) {
 
 // Dashes and gaps of a pattern, in pen widths.
 std::string DashesOf(std::int32_t pattern, std::int32_t width = 1) {
+  const PenStyle style({.width = width, .pattern = pattern, .color = 0});
   std::string text;
-  for (const double dash : PenStyle({.width = width, .pattern = pattern, .color = 0}).GetDashes()) {
+  for (const double dash : style.GetDashes()) {
     text += (text.empty() ? "" : " ") + std::to_string(static_cast<int>(dash / width));
   }
   return text;
