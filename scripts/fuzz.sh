@@ -10,15 +10,15 @@ seconds=${FUZZ_SECONDS:-60}
 export root build seconds
 
 fuzz_one() {
-  local name=$1 work=$build/fuzz/work/$1
-  mkdir -p "$work/corpus"
+  local name=$1 found=$build/fuzz/found/$1
+  mkdir -p "$found/corpus"
   # Inputs are short, so a target that asks for much memory or time has believed a count in one of them.
-  if (cd "$work" && "$build/fuzz/$name" -max_total_time="$seconds" -timeout=10 -malloc_limit_mb=64 \
-        -rss_limit_mb=1024 -print_final_stats=1 corpus "$root/fuzz/corpus/$name") >"$work/log" 2>&1; then
-    printf '  %s: %s\n' "$name" "$(sed -n 's/^Done //p' "$work/log")"
+  if (cd "$found" && "$build/fuzz/$name" -max_total_time="$seconds" -timeout=10 -malloc_limit_mb=64 \
+        -rss_limit_mb=1024 -print_final_stats=1 corpus "$root/fuzz/corpus/$name") >"$found/log" 2>&1; then
+    printf '  %s: %s\n' "$name" "$(sed -n 's/^Done //p' "$found/log")"
   else
-    tail -n 60 "$work/log"
-    printf '  %s: FAILED; its input is in %s\n' "$name" "$work"
+    tail -n 60 "$found/log"
+    printf '  %s: FAILED; its input is in %s\n' "$name" "$found"
     return 1
   fi
 }

@@ -477,7 +477,7 @@ TEST_F(WriterTest, FileThatCannotBeOpenedShowsInItsStream) {
 }
 
 TEST_F(WriterTest, FullDiskShowsInTheStreams) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no full device here";
   std::filesystem::create_symlink("/dev/full", Path("pair.mif"));
   std::filesystem::create_symlink("/dev/full", Path("pair.mid"));
   oMIF out(Path("pair"), '\t');
